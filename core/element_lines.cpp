@@ -1,0 +1,44 @@
+#include "core/element_lines.h"
+
+#include "services/base/background_task.h"
+
+namespace celestrix {
+
+Ref<StringArray> ElementLines(const String& text) {
+  Ref<StringArray> lines = Split(text, EndOfLine());
+  Normalise(lines);
+  return lines;
+}
+
+void Normalise(const Ref<StringArray>& lines) {
+  const String nul = Chr(0);
+  // From the last line to the first: a removal never moves a line that is still to be visited.
+  for (std::int32_t i = lines->UpperBound(); i >= 0; --i) {
+    String line = lines->Get(i);
+    if (RuntimeStringCompare(Trim(line), ""_s) == 0 || LenB(line) > kLineWidth) {
+      lines->Remove(i);
+    } else if (LenB(line) < kLineWidth) {
+      while (LenB(line) < kLineWidth) {
+        line += nul;
+        RuntimeBackgroundTask();
+      }
+      lines->Set(i, std::move(line));
+    }
+    RuntimeBackgroundTask();
+  }
+}
+
+std::int32_t SetCount(const Ref<StringArray>& lines) { return (lines->UpperBound() + 1) / kLinesPerSet; }
+
+void WriteRecordData(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines, std::uint64_t dataStart) {
+  const std::int32_t lineCount = kLinesPerSet * SetCount(lines);
+  std::uint64_t position = dataStart;
+  for (std::int32_t i = 0; i < lineCount; ++i) {
+    stream->Position(position);
+    stream->Write(lines->Get(i));
+    position += kLineWidth;
+    RuntimeBackgroundTask();
+  }
+}
+
+}  // namespace celestrix

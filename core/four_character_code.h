@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+
+#include "services/base/string.h"
+
+namespace celestrix {
+
+/// The 32-bit value of four ASCII characters, the first one most significant. Written by a stream, they
+/// stand in reading order where the most significant byte comes first, and reversed where it comes last.
+inline std::int32_t FourCharacterCode(const String& c1, const String& c2, const String& c3, const String& c4) {
+  return ((Asc(c1) * 256 + Asc(c2)) * 256 + Asc(c3)) * 256 + Asc(c4);
+}
+
+/// The type of a Celestrix element file in both formats: "pl12".
+inline std::int32_t ElementFileType() { return FourCharacterCode("p"_s, "l"_s, "1"_s, "2"_s); }
+
+}  // namespace celestrix

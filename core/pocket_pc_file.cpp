@@ -1,0 +1,31 @@
+// Pocket PC file: four words and the element sets. All words have their least significant byte first.
+//
+//   offset     size      field
+//   0          4         header constant: 24
+//   4          4         type code "pl12"; in this byte order the file holds "21lp", and must
+//   8          4         number of element sets n
+//   12         4         element set size: 213
+//   16         213 * n   record data area (element_lines.h)
+#include "core/pocket_pc_file.h"
+
+#include "core/element_lines.h"
+#include "core/four_character_code.h"
+
+namespace celestrix {
+
+namespace {
+
+constexpr std::int32_t kHeaderConstant = 24;
+constexpr std::uint64_t kHeaderSize = 16;
+
+}  // namespace
+
+void WritePocketPcFile(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines) {
+  stream->WriteLong(kHeaderConstant);
+  stream->WriteLong(ElementFileType());
+  stream->WriteLong(SetCount(lines));
+  stream->WriteLong(kSetSize);
+  WriteRecordData(stream, lines, kHeaderSize);
+}
+
+}  // namespace celestrix

@@ -1,0 +1,35 @@
+// Errors of the framework. Every error is an exception derived from RuntimeException; a handler of
+// the program catches none of them, so each one ends in RuntimeUnhandledException.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace celestrix {
+
+/// The base of all errors. what() is a sentence in UTF-8, fit to be shown to the user as it stands.
+class RuntimeException : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Raised when a null reference is used. what() says why the reference was null, where the operation
+/// that returned it knew ("“/tmp/a.pdb” could not be created: Permission denied.").
+class NilObjectException : public RuntimeException {
+ public:
+  using RuntimeException::RuntimeException;
+};
+
+/// Raised when an array is asked for an element that it does not have.
+class OutOfBoundsException : public RuntimeException {
+ public:
+  using RuntimeException::RuntimeException;
+};
+
+[[noreturn]] void RaiseNilObjectException(const std::string* whyNull);
+[[noreturn]] void RaiseOutOfBoundsException(int index, int upperBound);
+
+/// The text that describes an error to the user, whatever its type.
+std::string ErrorText(const std::exception& error);
+
+}  // namespace celestrix

@@ -1,0 +1,179 @@
+#include "services/base/string.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <new>
+
+#include "services/base/string_array.h"
+
+namespace celestrix {
+
+namespace {
+
+// Short sums are laid one behind the other into chunks of this size: one allocation serves hundreds of
+// lines. A string keeps its whole chunk alive, which is why long ones get a block of their own.
+constexpr std::size_t kChunkSize = 64 * 1024;
+constexpr std::size_t kLongestInChunk = kChunkSize / 8;
+
+constexpr std::array<char, 128> kAsciiCharacters = [] {
+  std::array<char, 128> characters{};
+  for (std::size_t code = 0; code < characters.size(); ++code) characters[code] = static_cast<char>(code);
+  return characters;
+}();
+
+constexpr std::string_view kAsciiSpace = " \t\n\v\f\r";
+
+// The UTF-8 forms of the white space beyond ASCII.
+constexpr std::string_view kWideSpaces[] = {
+    "\u0085", "\u00A0", "\u1680", "\u2000", "\u2001", "\u2002", "\u2003", "\u2004", "\u2005", "\u2006",
+    "\u2007", "\u2008", "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000",
+};
+
+bool IsAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
+std::size_t SpaceAtStart(std::string_view text) {
+  if (IsAscii(text.front())) return kAsciiSpace.find(text.front()) != std::string_view::npos ? 1 : 0;
+  for (std::string_view space : kWideSpaces)
+    if (text.starts_with(space)) return space.size();
+  return 0;
+}
+
+std::size_t SpaceAtEnd(std::string_view text) {
+  if (IsAscii(text.back())) return kAsciiSpace.find(text.back()) != std::string_view::npos ? 1 : 0;
+  for (std::string_view space : kWideSpaces)
+    if (text.ends_with(space)) return space.size();
+  return 0;
+}
+
+}  // namespace
+
+String::String(std::string_view bytes) {
+  *this = Build(bytes.size(), [bytes](char* room) { return bytes.copy(room, bytes.size()); });
+}
+
+String String::Build(std::size_t capacity, const std::function<std::size_t(char*)>& fill) {
+  if (capacity == 0) return {};
+  String built(Allocate(capacity), "", 0);
+  built.data_ = built.block_->Bytes();
+  built.block_->used = fill(built.block_->Bytes());
+  built.size_ = static_cast<std::int32_t>(built.block_->used);
+  return built;
+}
+
+String::Block* String::Allocate(std::size_t capacity) {
+  if (capacity > kMaxSize) throw RuntimeException("The text is too long.");
+  return new (::operator new(sizeof(Block) + capacity)) Block{1, 0, capacity};
+}
+
+void String::Free(Block* block) { ::operator delete(block); }
+
+String String::AddByCopy(const String& first, const String& second) {
+  if (second.size_ == 0) return first;
+  if (first.size_ == 0) return second;
+  const std::size_t firstSize = first.Bytes().size();
+  const std::size_t size = firstSize + second.Bytes().size();
+
+  static String chunk;  // the block that short sums go to; its string is only there to hold it
+  const auto roomIn = [](const Block* block) { return block == nullptr ? 0 : block->capacity - block->used; };
+  Block* block = nullptr;
+  if (size <= kLongestInChunk) {
+    if (roomIn(chunk.block_) < size) chunk = String(Allocate(kChunkSize), "", 0);
+    block = chunk.block_;
+    ++block->references;
+  } else {
+    // Room to double in keeps the cost of adding piece by piece in proportion to the result.
+    block = Allocate(size <= kMaxSize ? std::min(2 * size, kMaxSize) : size);
+  }
+
+  char* start = block->Bytes() + block->used;
+  std::memcpy(start, first.data_, firstSize);
+  std::memcpy(start + firstSize, second.data_, size - firstSize);
+  block->used += size;
+  return {block, start, static_cast<std::int32_t>(size)};
+}
+
+String String::Slice(std::size_t begin, std::size_t size) const {
+  const std::string_view slice = Bytes().substr(begin, size);
+  Share();
+  return {block_, slice.data(), static_cast<std::int32_t>(slice.size())};
+}
+
+std::int32_t RuntimeStringCompare(const String& a, const String& b) { return a.Bytes().compare(b.Bytes()); }
+
+Ref<StringArray> Split(const String& text, const String& delimiter) {
+  const std::string_view bytes = text.Bytes();
+  const std::string_view separator = delimiter.Bytes();
+  auto pieces = New<StringArray>();
+  // Counting first is cheaper than growing: the array is allocated once, at its final size.
+  pieces->Reserve(1 + static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), separator.front())));
+  std::size_t begin = 0;
+  for (std::size_t end = 0; (end = bytes.find(separator, begin)) != std::string_view::npos;
+       begin = end + separator.size())
+    pieces->Append(text.Slice(begin, end - begin));
+  pieces->Append(text.Slice(begin));
+  return pieces;
+}
+
+String Trim(const String& text) {
+  std::string_view rest = text.Bytes();
+  const char* start = rest.data();
+  for (std::size_t space = 0; !rest.empty() && (space = SpaceAtStart(rest)) != 0;) rest.remove_prefix(space);
+  for (std::size_t space = 0; !rest.empty() && (space = SpaceAtEnd(rest)) != 0;) rest.remove_suffix(space);
+  return text.Slice(static_cast<std::size_t>(rest.data() - start), rest.size());
+}
+
+std::int32_t Asc(const String& text) {
+  return text.Bytes().empty() ? 0 : static_cast<unsigned char>(text.Bytes().front());
+}
+
+String Chr(std::int32_t code) {
+  if (code < 0 || code >= static_cast<std::int32_t>(kAsciiCharacters.size()))
+    RaiseOutOfBoundsException(code, static_cast<int>(kAsciiCharacters.size()) - 1);
+  return String::OfStaticBytes(&kAsciiCharacters[static_cast<std::size_t>(code)], 1);
+}
+
+double Val(const String& text) {
+  std::string_view rest = text.Bytes();
+  rest.remove_prefix(std::min(rest.find_first_not_of(kAsciiSpace), rest.size()));
+  const bool plus = rest.starts_with('+');
+  if (plus) rest.remove_prefix(1);
+  const bool minus = !plus && rest.starts_with('-');
+  // std::from_chars also reads the names of numbers.
+  if (rest.find_first_of("0123456789.") != (minus ? 1U : 0U)) return 0;
+
+  double number = 0;
+  const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), number);
+  if (error != std::errc::result_out_of_range) return number;
+  const bool tiny = std::string_view(rest.data(), end).find("-", 1) != std::string_view::npos;
+  return tiny ? 0 : std::copysign(HUGE_VAL, minus ? -1.0 : 1.0);
+}
+
+std::int32_t RuntimeCvtReal64ToSInt32(double number) {
+  const bool fits = number > double{INT32_MIN} - 1 && number < double{INT32_MAX} + 1;
+  return fits ? static_cast<std::int32_t>(number) : INT32_MIN;
+}
+
+String ReplaceLineEndings(const String& text, const String& lineEnding) {
+  const std::string_view bytes = text.Bytes();
+  const std::string_view ending = lineEnding.Bytes();
+  // The usual text already has the endings it should have; looking for one byte is the quickest look there is.
+  if (ending == "\n" && bytes.find('\r') == std::string_view::npos) return text;
+
+  const auto endings = static_cast<std::size_t>(
+      std::count_if(bytes.begin(), bytes.end(), [](char byte) { return byte == '\r' || byte == '\n'; }));
+  return String::Build(bytes.size() + endings * ending.size(), [&](char* out) {
+    char* const start = out;
+    std::string_view rest = bytes;
+    for (std::size_t line = 0; (line = rest.find_first_of("\r\n")) != std::string_view::npos;) {
+      out += rest.copy(out, line);
+      out += ending.copy(out, ending.size());
+      rest.remove_prefix(line + (rest.substr(line).starts_with("\r\n") ? 2 : 1));
+    }
+    out += rest.copy(out, rest.size());
+    return static_cast<std::size_t>(out - start);
+  });
+}
+
+}  // namespace celestrix

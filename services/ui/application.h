@@ -1,0 +1,67 @@
+// The runtime of a program with windows: its start and end, its event loop, and its handling of errors.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <memory>
+
+#include "services/base/ref.h"
+#include "services/base/string.h"
+
+namespace celestrix {
+
+class MenuBar;
+class Window;
+
+/// The framework's runtime. Exactly one exists, from the first statement of main to its last.
+class Runtime {
+ public:
+  /// Reads the toolkit's own command-line options. `argc` and `argv` must stay as they are. `id` is the name
+  /// under which the desktop knows the program: that of its launcher and its icon.
+  Runtime(int& argc, char** argv, const String& id);
+  ~Runtime();
+  Runtime(const Runtime&) = delete;
+  Runtime& operator=(const Runtime&) = delete;
+
+  /// Runs the event loop until Quit; returns the exit code given to it.
+  int RunEventLoop();
+
+ private:
+  struct Toolkit;
+  std::unique_ptr<Toolkit> toolkit_;
+};
+
+/// The application object.
+class Application {
+ public:
+  virtual ~Application() = default;
+  void MenuBar(Ref<celestrix::MenuBar> bar) { menuBar_ = std::move(bar); }
+  const Ref<celestrix::MenuBar>& MenuBar() const { return menuBar_; }
+
+ private:
+  Ref<celestrix::MenuBar> menuBar_;
+};
+
+/// Makes this the application object; null releases it.
+void RegisterApplication(Ref<Application> application);
+const Ref<Application>& RegisteredApplication();
+
+/// The implicit windows: each the one of its class, kept open until the program ends.
+Ref<Window> ImplicitWindow(const String& className);
+void AddImplicitWindow(const String& className, const Ref<Window>& window);
+void ReleaseImplicitWindows();
+
+/// Ends the application with that exit code. No handler runs any more.
+void Quit(std::int32_t exitCode);
+
+/// Asks the application to quit, as the user or the platform does: dialogs are cancelled, and the windows
+/// closed. Their close handlers end the program.
+void RequestQuit();
+/// The same where the system ends the program and nobody may be there to read an alert: none is shown.
+void RequestQuitBySystem();
+
+/// The end of an error that no handler caught: one alert says what could not be done and why, and the
+/// program goes on. An error at start-up is shown when the window is there.
+void RuntimeUnhandledException(const std::exception& error);
+
+}  // namespace celestrix

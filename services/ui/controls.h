@@ -1,0 +1,177 @@
+// The controls of a window.
+//
+// A control is made, added to its window under its name (Window::AddControl), and then given its properties
+// (_SetProperties) and its event handlers (_InstallInstanceEventHandler), in that order. Handlers look
+// controls up by name each time they run (RuntimeWindowControlByName).
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "services/base/string.h"
+#include "services/ui/drag_item.h"
+
+class QWidget;  // the toolkit's; what it is stays inside services/
+
+namespace celestrix {
+
+class Control;
+class Window;
+
+struct Color {
+  std::uint8_t red, green, blue;
+};
+
+enum Edge : unsigned { kLeft = 1, kTop = 2, kRight = 4, kBottom = 8 };
+
+/// The Index of a control that is no member of a control set.
+inline constexpr std::int32_t kNoIndex = INT32_MIN;
+
+/// The properties that a layout gives to a control. Lengths are pixels at scale 1, positions count from the
+/// window's content. What is not named here is the framework's way: the font is the desktop's, plain; fields
+/// hold plain text of any length in several lines, with a vertical scroll bar, and Tab leaves them; buttons
+/// react to neither Return nor Escape.
+struct ControlProperties {
+  const char* Name = "";
+  std::int32_t Index = kNoIndex;
+  std::int32_t Left = 0, Top = 0, Width = 0, Height = 0;
+  /// The window edges to which the control keeps its distance: kLeft and so on, added with |. Locked to both of a
+  /// pair, it stretches. (A control in a group box has none: it moves with the box.)
+  unsigned Locks = 0;
+  /// The group box that the control is in; it moves with it. Empty for the window.
+  const char* InitialParent = "";
+  /// What a static text, button or group box says.
+  const char* Caption = "";
+  bool Enabled = true;
+  /// The height of the font. Where a caption would not fit its box, a smaller one is taken.
+  std::int32_t TextSize = 11;
+  Color TextColor{0, 0, 0};           // static texts and fields
+  Color BackColor{0xFF, 0xFF, 0xFF};  // fields
+};
+
+/// What an event tells its handler. Only "DropObject" has something to tell.
+struct Event {
+  Ref<DragItem> item;
+  std::int32_t action = 0;  // the drop action, which is always to copy: 1
+};
+
+using EventHandler = std::function<void(const Ref<Control>& me, const Event& event)>;
+
+/// The base of all controls: a name in a window, and handlers of events.
+class Control : public std::enable_shared_from_this<Control> {
+ public:
+  virtual ~Control() = default;
+  Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  const String& Name() const { return name_; }
+  std::int32_t Index() const { return index_; }
+  void Index(std::int32_t index) { index_ = index; }
+
+ protected:
+  /// Runs the handler of that event, if there is one, when its turn has come (event_queue.h).
+  void Raise(const char* event, const Event& arguments = {});
+
+ private:
+  friend class Window;
+  friend void _InstallInstanceEventHandler(const Ref<Control>&, const char*, EventHandler);
+  friend Ref<Window> RuntimeSwapSelfAndMe(const Ref<Control>&);
+
+  String name_;
+  std::int32_t index_ = kNoIndex;
+  std::weak_ptr<Window> window_;
+  std::map<std::string, EventHandler> handlers_;
+};
+
+/// A control with a place in the window.
+class RectControl : public Control {
+ public:
+  ~RectControl() override;
+
+  void Enabled(bool enabled);
+
+ protected:
+  friend class Window;
+  friend void _SetProperties(const Ref<RectControl>&, const ControlProperties&);
+
+  /// Makes the toolkit's widget inside the given parent, which then owns it.
+  virtual QWidget* MakeWidget(QWidget* parent) = 0;
+  virtual void SetProperties(const ControlProperties& properties);
+  QWidget* widget_ = nullptr;
+};
+
+class StaticText : public RectControl {
+ protected:
+  QWidget* MakeWidget(QWidget* parent) override;
+  void SetProperties(const ControlProperties& properties) override;
+};
+
+/// The frame around a set of radio buttons.
+class GroupBox : public RectControl {
+ protected:
+  QWidget* MakeWidget(QWidget* parent) override;
+  void SetProperties(const ControlProperties& properties) override;
+};
+
+/// Raises "Action" when it is pushed.
+class PushButton : public RectControl {
+ protected:
+  QWidget* MakeWidget(QWidget* parent) override;
+  void SetProperties(const ControlProperties& properties) override;
+};
+
+/// One choice of several: choosing it clears the others of the same parent. A click of the user takes its turn
+/// among the handlers, so that no handler sees the choice change while it runs.
+class RadioButton : public RectControl {
+ public:
+  bool Value() const;
+  void Value(bool chosen);
+
+ protected:
+  QWidget* MakeWidget(QWidget* parent) override;
+  void SetProperties(const ControlProperties& properties) override;
+};
+
+/// The text field. Raises
+///   "Open"        once, when its window opens;
+///   "TextChange"  whenever its text changes, also when the program sets it;
+///   "DropObject"  when something that it accepts is dropped on it from outside. (Moving a selection within the
+///                 field is its own editing.) What is dropped is copied, never taken from its source.
+class EditField : public RectControl {
+ public:
+  /// The whole text, exactly as it was set: no byte of it is changed. Once the user has edited it, what they did
+  /// not touch is still the same, but for the line endings (also U+2029, and the non-characters U+FDD0 and
+  /// U+FDD1, which the toolkit takes for some), all of which have become one line feed.
+  String Text() const;
+  /// Replaces all of the text, at once. What is on the screen follows in slices, between events, so that the
+  /// window never stands still; an edit in the meantime waits until the field shows all of its text.
+  void Text(const String& text);
+  /// Whether there is no text. Unlike a look at Text, this costs the same for every length.
+  bool IsEmpty() const;
+
+  /// Lets the field accept files of the registered type of that name. A file of another type is refused.
+  void AcceptFileDrop(const String& fileType);
+  /// Lets it accept text. What comes as the address of a file elsewhere is text.
+  void AcceptTextDrop();
+
+ protected:
+  friend class Window;
+  QWidget* MakeWidget(QWidget* parent) override;
+  void SetProperties(const ControlProperties& properties) override;
+};
+
+/// Applies a layout's properties to a control that has been added to its window.
+void _SetProperties(const Ref<RectControl>& control, const ControlProperties& properties);
+
+/// Connects an event of the control to a handler, in place of an earlier one.
+void _InstallInstanceEventHandler(const Ref<Control>& control, const char* event, EventHandler handler);
+
+/// For the start of a handler: the window of the control that raised the event, which is the handler's own
+/// object.
+Ref<Window> RuntimeSwapSelfAndMe(const Ref<Control>& me);
+
+}  // namespace celestrix

@@ -1,0 +1,47 @@
+#include "services/ui/dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include "services/base/file_type.h"
+#include "services/ui/qt/strings.h"
+
+namespace celestrix {
+
+namespace {
+
+QString lastFolder;  // empty until the user has chosen a file
+
+/// "PDB (*.pdb *.PDB)": the type's files, whichever case their extension is in.
+QString NameFilter(const String& fileType) {
+  const RegisteredFileType& type = RegisteredFileTypeNamed(fileType);
+  const QString extension = ToQString(type.Extensions);
+  return QStringLiteral("%1 (*%2 *%3)").arg(ToQString(type.Name), extension, extension.toUpper());
+}
+
+Ref<FolderItem> ChosenIn(QFileDialog& dialog) {
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return nullptr;
+  const QFileInfo chosen(dialog.selectedFiles().constFirst());
+  lastFolder = chosen.absolutePath();
+  return New<FolderItem>(chosen.filesystemAbsoluteFilePath());
+}
+
+}  // namespace
+
+Ref<FolderItem> GetOpenFolderItem(const String& fileType) {
+  QFileDialog dialog(QApplication::activeWindow(), QString(), lastFolder, NameFilter(fileType));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  return ChosenIn(dialog);
+}
+
+Ref<FolderItem> GetSaveFolderItem(const String& fileType, const String& defaultName) {
+  QFileDialog dialog(QApplication::activeWindow(), QString(), lastFolder, NameFilter(fileType));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.selectFile(ToQString(defaultName));
+  return ChosenIn(dialog);
+}
+
+}  // namespace celestrix

@@ -1,0 +1,16 @@
+// The platform's dialogs for choosing a file. They are modal, and open in the folder where the user last
+// chose a file in this run.
+#pragma once
+
+#include "services/base/folder_item.h"
+
+namespace celestrix {
+
+/// Offers the files of the registered type of that name. The chosen one, or null when the user cancels.
+Ref<FolderItem> GetOpenFolderItem(const String& fileType);
+
+/// Asks for a place to save a file of that type, the default name filled in. The place as the user chose it,
+/// without an extension added, or null when the user cancels.
+Ref<FolderItem> GetSaveFolderItem(const String& fileType, const String& defaultName);
+
+}  // namespace celestrix

@@ -1,0 +1,10 @@
+#include "services/ui/qt/termination_signals.h"
+
+namespace celestrix {
+
+struct TerminationSignals::Watch {};
+
+TerminationSignals::TerminationSignals(std::function<void()> /*whenRaised*/) {}
+TerminationSignals::~TerminationSignals() = default;
+
+}  // namespace celestrix

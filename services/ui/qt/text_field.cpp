@@ -1,0 +1,197 @@
+#include "services/ui/qt/text_field.h"
+
+#include <QCoreApplication>
+#include <QDropEvent>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QTextCursor>
+#include <QTimerEvent>
+#include <QUrl>
+#include <memory>
+#include <utility>
+
+#include "services/ui/qt/strings.h"
+
+namespace celestrix {
+
+namespace {
+
+constexpr std::size_t kSliceSize = 32 * 1024;  // bytes; some two milliseconds of the toolkit's time
+constexpr qint64 kFillMilliseconds = 8;        // how long the event loop may wait for slices
+
+/// How many bytes to take from the text: about a slice, up to the end of a line if there is one, never less
+/// than a whole character or line ending.
+std::size_t SliceOf(std::string_view text) {
+  if (text.size() <= kSliceSize) return text.size();
+  const std::size_t lineEnd = text.rfind('\n', kSliceSize - 1);
+  if (lineEnd != std::string_view::npos) return lineEnd + 1;
+  std::size_t end = kSliceSize;
+  while ((static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // into a character
+  return text[end] == '\n' ? end + 1 : end;
+}
+
+/// Whether the event can change the text, the selection or the cursor, or shows a menu that can.
+bool IsEditing(QEvent::Type type) {
+  switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::InputMethod:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::ContextMenu:
+      return true;
+    default:
+      return false;
+  }
+}
+
+/// The path of the first item of a drop, if that is a file here; else empty.
+QString FirstFile(const QMimeData& mime) {
+  const QList<QUrl> urls = mime.urls();
+  return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+}
+
+/// A copy of what an accepted drop brings: a file goes before text.
+Ref<DragItem> ItemOf(const QMimeData& mime) {
+  const QString file = FirstFile(mime);
+  if (file.isEmpty()) return New<DragItem>(nullptr, true, FromQString(mime.text()));
+  return New<DragItem>(New<FolderItem>(QFileInfo(file).filesystemFilePath()), false, String());
+}
+
+}  // namespace
+
+TextField::TextField(QWidget* parent, Events events) : QPlainTextEdit(parent), events_(std::move(events)) {
+  setTabChangesFocus(true);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  connect(this, &QPlainTextEdit::textChanged, this, &TextField::TextWasChanged);
+}
+
+// ---- The text
+
+String TextField::Text() const {
+  if (!edited_) return text_;
+  QString raw = document()->toRawText();
+  raw.replace(QChar::ParagraphSeparator, QChar::LineFeed);
+  return FromQString(raw);
+}
+
+void TextField::SetText(const String& text) {
+  postponed_.clear();
+  {
+    const QScopedValueRollback filling(filling_, true);
+    clear();
+    edited_ = false;
+    text_ = text;
+    rest_ = text_.Bytes();
+    document()->setUndoRedoEnabled(false);
+    AddSlice();
+  }
+  if (IsWhole())
+    BecomeWhole();
+  else
+    betweenEvents_.start(0, this);
+  events_.textChanged();
+}
+
+void TextField::AddSlice() {
+  const std::string_view slice = rest_.substr(0, SliceOf(rest_));
+  rest_.remove_prefix(slice.size());
+  QTextCursor end(document());
+  end.movePosition(QTextCursor::End);
+  end.insertText(QString::fromUtf8(slice.data(), static_cast<qsizetype>(slice.size())));
+}
+
+void TextField::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != betweenEvents_.timerId()) return QPlainTextEdit::timerEvent(event);
+  {
+    const QScopedValueRollback filling(filling_, true);
+    QElapsedTimer sinceStart;
+    sinceStart.start();
+    while (!IsWhole() && sinceStart.elapsed() < kFillMilliseconds) AddSlice();
+  }
+  if (IsWhole()) BecomeWhole();
+}
+
+void TextField::BecomeWhole() {
+  betweenEvents_.stop();
+  document()->setUndoRedoEnabled(true);
+  for (const auto& action : std::exchange(postponed_, {})) action();
+}
+
+void TextField::TextWasChanged() {
+  if (filling_) return;
+  if (!IsWhole()) {
+    // Somebody edits past our back, as an accessibility client may: the rest belongs behind what there is now.
+    const QScopedValueRollback filling(filling_, true);
+    while (!IsWhole()) AddSlice();
+    BecomeWhole();
+  }
+  edited_ = true;
+  text_ = String();
+  events_.textChanged();
+}
+
+// ---- What waits until the field is whole
+
+void TextField::WhenWhole(std::function<void()> action) {
+  if (IsWhole())
+    action();
+  else
+    postponed_.push_back(std::move(action));
+}
+
+bool TextField::Postpone(QObject* receiver, QEvent* event) {
+  if (IsWhole() || !IsEditing(event->type())) return false;
+  postponed_.push_back([receiver = QPointer(receiver), later = std::shared_ptr<QEvent>(event->clone())] {
+    if (receiver) QCoreApplication::sendEvent(receiver, later.get());
+  });
+  return true;
+}
+
+bool TextField::event(QEvent* event) { return Postpone(this, event) || QPlainTextEdit::event(event); }
+
+bool TextField::viewportEvent(QEvent* event) {
+  return Postpone(viewport(), event) || QPlainTextEdit::viewportEvent(event);
+}
+
+// ---- Drops from outside
+
+bool TextField::IsOwnDrag(const QDropEvent& event) const {
+  return event.source() == this || event.source() == viewport();
+}
+
+bool TextField::Accepts(const QMimeData& mime) const {
+  if (const QString file = FirstFile(mime); !file.isEmpty())
+    return acceptedFiles_ != nullptr && acceptedFiles_->Matches(file.toStdString());
+  return acceptsText_ && mime.hasText();
+}
+
+void TextField::dragEnterEvent(QDragEnterEvent* event) {
+  if (IsOwnDrag(*event)) return QPlainTextEdit::dragEnterEvent(event);
+  event->setDropAction(Qt::CopyAction);
+  event->setAccepted(Accepts(*event->mimeData()));
+}
+
+void TextField::dragMoveEvent(QDragMoveEvent* event) {
+  if (IsOwnDrag(*event)) return QPlainTextEdit::dragMoveEvent(event);
+  event->setDropAction(Qt::CopyAction);
+  event->setAccepted(Accepts(*event->mimeData()));
+}
+
+void TextField::dropEvent(QDropEvent* event) {
+  if (IsOwnDrag(*event)) return QPlainTextEdit::dropEvent(event);
+  event->setDropAction(Qt::CopyAction);
+  event->setAccepted(Accepts(*event->mimeData()));
+  if (!event->isAccepted()) return;
+  // The source waits until this returns, so the handler, which may have to show an alert, comes later.
+  QMetaObject::invokeMethod(
+      this, [this, item = ItemOf(*event->mimeData())] { events_.dropped(item); }, Qt::QueuedConnection);
+}
+
+}  // namespace celestrix

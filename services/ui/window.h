@@ -1,0 +1,68 @@
+// Window: a document window with a menu bar and controls.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "services/ui/controls.h"
+#include "services/ui/menu.h"
+
+namespace celestrix {
+
+/// Sizes are pixels at scale 1, of the window's content: the menu bar stands above it.
+struct WindowProperties {
+  const char* Title = "";
+  std::int32_t Width = 0, Height = 0;
+  std::int32_t MinWidth = 0, MinHeight = 0;
+  std::int32_t MaxWidth = 0, MaxHeight = 0;
+};
+
+/// A class derived from it says what is in the window and what happens when it opens and closes.
+class Window : public std::enable_shared_from_this<Window> {
+ public:
+  Window();
+  virtual ~Window();
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+
+  /// Builds the window (Layout, CreateControls), raises the controls' "Open" events and Event_Open, and then
+  /// shows it.
+  void Open();
+
+  void MenuBar(const Ref<celestrix::MenuBar>& bar);
+  const Ref<celestrix::MenuBar>& MenuBar() const { return menuBar_; }
+
+  /// Adds a control under a name; a member of a control set has its Index already. The window then holds it.
+  void AddControl(const String& name, const Ref<RectControl>& control);
+
+ protected:
+  virtual void Layout() = 0;
+  virtual void CreateControls() = 0;
+  /// The controls exist, and the user has not seen them yet.
+  virtual void Event_Open() = 0;
+  /// The user or the platform closes the window. However the handler ends, the window closes, and with the
+  /// last one the program ends.
+  virtual void Event_Close() = 0;
+
+ private:
+  friend void _SetProperties(const Ref<Window>&, const WindowProperties&);
+  friend void _SetProperties(const Ref<RectControl>&, const ControlProperties&);
+  friend Ref<RectControl> RuntimeWindowControlByNameIndex(const Ref<Window>&, const String&, std::int32_t);
+
+  class Frame;
+  void Close();
+
+  Ref<celestrix::MenuBar> menuBar_;
+  std::vector<Ref<RectControl>> controls_;  // in the order in which they were added
+  std::unique_ptr<Frame> frame_;            // the toolkit's window, which owns the widgets of all controls; goes first
+};
+
+/// Applies a layout's properties to the window.
+void _SetProperties(const Ref<Window>& window, const WindowProperties& properties);
+
+/// The window's control of that name; the member of the control set of that name with that index. Null when
+/// there is none.
+Ref<RectControl> RuntimeWindowControlByName(const Ref<Window>& window, const String& name);
+Ref<RectControl> RuntimeWindowControlByNameIndex(const Ref<Window>& window, const String& name, std::int32_t index);
+
+}  // namespace celestrix

@@ -1,0 +1,48 @@
+// Window1: the program's one window.
+//
+//   layout.cpp            its controls, their places and their event handlers
+//   text_acquisition.cpp  how text gets into the field: txt_Open, txt_DropObject, txt_TextChange, BrowseBtn_Action
+//   preferences.cpp       the remembered format choice: Event_Open, Event_Close
+//   core/save_command.h   SaveBtn_Action
+#pragma once
+
+#include "services/ui/window.h"
+
+namespace celestrix {
+
+class Window1 : public Window {
+ public:
+  /// The one that is open; it is made and opened on the first call.
+  static Ref<Window1> Shared();
+
+  /// A member of the set of radio buttons that chooses the format: 0 is "Palm (PDB)", 1 is "Pocket PC (PPC)".
+  class FileFormat : public RadioButton {
+   public:
+    explicit FileFormat(std::int32_t index) { Index(index); }
+  };
+
+  void txt_Open();
+  void txt_DropObject(const Ref<DragItem>& item, std::int32_t action);
+  void txt_TextChange();
+  void BrowseBtn_Action();
+  void SaveBtn_Action();
+
+ protected:
+  void Layout() override;
+  void CreateControls() override;
+  void Event_Open() override;
+  void Event_Close() override;
+
+ private:
+  void _CreateControls0();
+  void LoadFile(const Ref<FolderItem>& file);
+
+  Ref<Window1> Self();
+  /// The control of that name, and that number in its set, as a T.
+  template <class T>
+  Ref<T> ControlNamed(const String& name, std::int32_t index = kNoIndex) {
+    return RuntimeWindowControlByNameIndex(Self(), name, index).template As<T>();
+  }
+};
+
+}  // namespace celestrix
