@@ -17,12 +17,11 @@ constexpr std::size_t kWindows1252Growth = 3;
 constexpr std::size_t kUtf16Growth = 2;  // three bytes for two, and three for a single one at the end
 constexpr std::string_view kReplacementCharacter = "\uFFFD";
 
-/// The system's converter from one encoding to UTF-8.
+/// The system's converter from one encoding to another.
 class Converter {
  public:
-  explicit Converter(const char* encoding) : converter_(iconv_open("UTF-8", encoding)) {
-    if (converter_ == iconv_t(-1))
-      throw RuntimeException(std::string("This system cannot read ") + encoding + " text.");
+  Converter(const char* from, const char* to) : converter_(iconv_open(to, from)) {
+    if (converter_ == iconv_t(-1)) throw RuntimeException(std::string("This system cannot read ") + from + " text.");
   }
   ~Converter() { iconv_close(converter_); }
   Converter(const Converter&) = delete;
@@ -59,7 +58,8 @@ bool IsValidUtf8(std::string_view text) {
   std::size_t begin = FindNonAscii(text, 0);
   if (begin == text.size()) return true;
 
-  Converter converter("UTF-8");
+  // To UTF-16, because that has no room for the numbers beyond U+10FFFF; to UTF-8, some converters let them pass.
+  Converter converter("UTF-8", "UTF-16LE");
   std::array<char, 4096> ignored{};
   while (begin < text.size()) {
     const char* const end = std::find_if(text.data() + begin, text.data() + text.size(),
@@ -90,7 +90,7 @@ void Replace(std::string_view& in, char*& out, bool utf16) {
 
 String Decode(std::string_view bytes, const char* encoding, bool utf16) {
   const std::size_t room = utf16 ? bytes.size() * kUtf16Growth + 3 : bytes.size() * kWindows1252Growth;
-  Converter converter(encoding);
+  Converter converter(encoding, "UTF-8");
   return String::Build(room, [&](char* const start) {
     char* out = start;
     while (converter.Convert(bytes, out, room - static_cast<std::size_t>(out - start)) != 0) Replace(bytes, out, utf16);

@@ -130,6 +130,9 @@ void Window::AddControl(const String& name, const Ref<RectControl>& control) {
   control->name_ = name;
   control->window_ = weak_from_this();
   control->widget_ = control->MakeWidget(frame_->ContentPane());
+  // The text right before a control is its label, for those who hear the window instead of seeing it.
+  if (!controls_.empty())
+    if (auto* label = qobject_cast<QLabel*>(controls_.back()->widget_)) label->setBuddy(control->widget_);
   controls_.push_back(control);
 }
 

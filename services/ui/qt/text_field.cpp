@@ -85,12 +85,11 @@ void TextField::SetText(const String& text) {
   postponed_.clear();
   {
     const QScopedValueRollback filling(filling_, true);
-    clear();
     edited_ = false;
     text_ = text;
     rest_ = text_.Bytes();
     document()->setUndoRedoEnabled(false);
-    AddSlice();
+    setPlainText(TakeSlice());
   }
   if (IsWhole())
     BecomeWhole();
@@ -99,12 +98,16 @@ void TextField::SetText(const String& text) {
   events_.textChanged();
 }
 
-void TextField::AddSlice() {
+QString TextField::TakeSlice() {
   const std::string_view slice = rest_.substr(0, SliceOf(rest_));
   rest_.remove_prefix(slice.size());
+  return QString::fromUtf8(slice.data(), static_cast<qsizetype>(slice.size()));
+}
+
+void TextField::AddSlice() {
   QTextCursor end(document());
   end.movePosition(QTextCursor::End);
-  end.insertText(QString::fromUtf8(slice.data(), static_cast<qsizetype>(slice.size())));
+  end.insertText(TakeSlice());
 }
 
 void TextField::timerEvent(QTimerEvent* event) {

@@ -50,8 +50,8 @@ class TextField final : public QPlainTextEdit {
 
  private:
   bool IsWhole() const { return rest_.empty(); }
+  QString TakeSlice();
   void AddSlice();
-  void AddRest();
   void BecomeWhole();
   void TextWasChanged();
   bool Postpone(QObject* receiver, QEvent* event);
