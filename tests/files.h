@@ -1,0 +1,18 @@
+// Files, as the tests read and write them: whole, and not by the program's own means.
+#pragma once
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <string>
+
+inline std::string ReadFile(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "cannot be read";
+}
+
+inline QString WriteFile(const QString& path, const std::string& bytes) {
+  QFile file(path);
+  if (!file.open(QIODevice::WriteOnly)) qFatal("cannot write a file of the test");
+  file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+  return path;
+}
