@@ -4,6 +4,21 @@
 
 namespace celestrix {
 
+namespace {
+
+/// The line with NUL bytes added up to the width of a slot.
+String Padded(const String& line) {
+  const String nul = Chr(0);
+  String padded = line;
+  while (LenB(padded) < kLineWidth) {
+    padded += nul;
+    RuntimeBackgroundTask();
+  }
+  return padded;
+}
+
+}  // namespace
+
 Ref<StringArray> ElementLines(const String& text) {
   Ref<StringArray> lines = Split(text, EndOfLine());
   Normalise(lines);
@@ -11,19 +26,13 @@ Ref<StringArray> ElementLines(const String& text) {
 }
 
 void Normalise(const Ref<StringArray>& lines) {
-  const String nul = Chr(0);
   // From the last line to the first: a removal never moves a line that is still to be visited.
   for (std::int32_t i = lines->UpperBound(); i >= 0; --i) {
-    String line = lines->Get(i);
-    if (RuntimeStringCompare(Trim(line), ""_s) == 0 || LenB(line) > kLineWidth) {
+    const String& line = lines->Get(i);
+    if (RuntimeStringCompare(Trim(line), ""_s) == 0 || LenB(line) > kLineWidth)
       lines->Remove(i);
-    } else if (LenB(line) < kLineWidth) {
-      while (LenB(line) < kLineWidth) {
-        line += nul;
-        RuntimeBackgroundTask();
-      }
-      lines->Set(i, std::move(line));
-    }
+    else if (LenB(line) < kLineWidth)
+      lines->Set(i, Padded(line));
     RuntimeBackgroundTask();
   }
 }

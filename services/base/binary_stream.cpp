@@ -14,9 +14,13 @@ void BinaryStream::WriteInteger(std::int32_t value, std::size_t size) {
 }
 
 void BinaryStream::WriteThrough(std::string_view bytes) {
-  Flush();
-  file_.sputn(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  start_ += bytes.size();
+  // Whole buffers, so that every write begins and ends with a page of the file.
+  while (!bytes.empty()) {
+    const std::size_t fits = bytes.copy(buffer_.get() + used_, kBufferSize - used_);
+    used_ += fits;
+    bytes.remove_prefix(fits);
+    if (used_ == kBufferSize) Flush();
+  }
 }
 
 void BinaryStream::MoveTo(std::uint64_t position) {

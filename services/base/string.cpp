@@ -6,6 +6,7 @@
 #include <cmath>
 #include <new>
 
+#include "services/base/big_block.h"
 #include "services/base/string_array.h"
 
 namespace celestrix {
@@ -14,8 +15,9 @@ namespace {
 
 // Short sums are laid one behind the other into chunks of this size: one allocation serves hundreds of
 // lines. A string keeps its whole chunk alive, which is why long ones get a block of their own.
-constexpr std::size_t kChunkSize = 64 * 1024;
-constexpr std::size_t kLongestInChunk = kChunkSize / 8;
+constexpr std::size_t kSmallestChunkSize = 64 * 1024;
+constexpr std::size_t kLargestChunkSize = 2 * kLargePageSize - 64;
+constexpr std::size_t kLongestInChunk = kSmallestChunkSize / 8;
 
 constexpr std::array<char, 128> kAsciiCharacters = [] {
   std::array<char, 128> characters{};
@@ -57,29 +59,36 @@ String String::Build(std::size_t capacity, const std::function<std::size_t(char*
   if (capacity == 0) return {};
   String built(Allocate(capacity), "", 0);
   built.data_ = built.block_->Bytes();
-  built.block_->used = fill(built.block_->Bytes());
-  built.size_ = static_cast<std::int32_t>(built.block_->used);
+  const std::size_t size = fill(built.block_->Bytes());
+  built.block_->end += size;
+  built.size_ = static_cast<std::int32_t>(size);
   return built;
 }
 
 String::Block* String::Allocate(std::size_t capacity) {
   if (capacity > kMaxSize) throw RuntimeException("The text is too long.");
-  return new (::operator new(sizeof(Block) + capacity)) Block{1, 0, capacity};
+  auto* block = new (AllocateBlock(sizeof(Block) + capacity)) Block{1, nullptr, nullptr};
+  block->end = block->Bytes();
+  block->limit = block->end + capacity;
+  return block;
 }
 
-void String::Free(Block* block) { ::operator delete(block); }
+void String::Free(Block* block) {
+  FreeBlock(block, static_cast<std::size_t>(block->limit - reinterpret_cast<char*>(block)));
+}
 
-String String::AddByCopy(const String& first, const String& second) {
-  if (second.size_ == 0) return first;
-  if (first.size_ == 0) return second;
-  const std::size_t firstSize = first.Bytes().size();
-  const std::size_t size = firstSize + second.Bytes().size();
+String String::Sum(std::string_view first, std::string_view second) {
+  const std::size_t size = first.size() + second.size();
+  if (size == 0) return {};
 
   static String chunk;  // the block that short sums go to; its string is only there to hold it
-  const auto roomIn = [](const Block* block) { return block == nullptr ? 0 : block->capacity - block->used; };
   Block* block = nullptr;
   if (size <= kLongestInChunk) {
-    if (roomIn(chunk.block_) < size) chunk = String(Allocate(kChunkSize), "", 0);
+    if (chunk.block_ == nullptr || chunk.block_->Room() < size) {
+      static std::size_t chunkSize = kSmallestChunkSize;
+      chunk = String(Allocate(chunkSize), "", 0);
+      chunkSize = std::min(4 * chunkSize, kLargestChunkSize);
+    }
     block = chunk.block_;
     ++block->references;
   } else {
@@ -87,10 +96,10 @@ String String::AddByCopy(const String& first, const String& second) {
     block = Allocate(size <= kMaxSize ? std::min(2 * size, kMaxSize) : size);
   }
 
-  char* start = block->Bytes() + block->used;
-  std::memcpy(start, first.data_, firstSize);
-  std::memcpy(start + firstSize, second.data_, size - firstSize);
-  block->used += size;
+  char* start = block->end;
+  first.copy(start, first.size());
+  second.copy(start + first.size(), second.size());
+  block->end += size;
   return {block, start, static_cast<std::int32_t>(size)};
 }
 
@@ -105,14 +114,20 @@ std::int32_t RuntimeStringCompare(const String& a, const String& b) { return a.B
 Ref<StringArray> Split(const String& text, const String& delimiter) {
   const std::string_view bytes = text.Bytes();
   const std::string_view separator = delimiter.Bytes();
-  auto pieces = New<StringArray>();
+  // Calls back for each piece with where it begins and how long it is.
+  const auto eachPiece = [&](const auto& callback) {
+    std::size_t begin = 0;
+    for (std::size_t end = 0; (end = bytes.find(separator, begin)) != std::string_view::npos;
+         begin = end + separator.size())
+      callback(begin, end - begin);
+    callback(begin, bytes.size() - begin);
+  };
   // Counting first is cheaper than growing: the array is allocated once, at its final size.
-  pieces->Reserve(1 + static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), separator.front())));
-  std::size_t begin = 0;
-  for (std::size_t end = 0; (end = bytes.find(separator, begin)) != std::string_view::npos;
-       begin = end + separator.size())
-    pieces->Append(text.Slice(begin, end - begin));
-  pieces->Append(text.Slice(begin));
+  std::size_t count = 0;
+  eachPiece([&](std::size_t, std::size_t) { ++count; });
+  auto pieces = New<StringArray>();
+  pieces->Reserve(count);
+  eachPiece([&](std::size_t begin, std::size_t size) { pieces->Append(text.Slice(begin, size)); });
   return pieces;
 }
 

@@ -3,10 +3,10 @@
 // Strings share their bytes. Copying, trimming and splitting make no copy of them: a String is a window
 // (pointer and length) onto a counted block, or onto a literal, which needs no count.
 //
-//   block:  | references | used | capacity | bytes ... used | room ... capacity |
+//   block:  | references | end | limit | bytes ... (end) | room ... (limit) |
 //
-// Bytes below `used` never change; that is what makes sharing safe. Room above it belongs to nobody
-// yet, so a string that ends exactly at `used` can be added to in place: the bytes that it had stay as
+// Bytes before `end` never change; that is what makes sharing safe. Room behind it belongs to nobody
+// yet, so a string that ends exactly there can be added to in place: the bytes that it had stay as
 // they are for everybody who shares them. Adding a byte to the string that was made last therefore
 // costs a store, not a copy.
 //
@@ -68,14 +68,16 @@ class String {
 
   /// RuntimeAddString in place.
   String& operator+=(const String& second) {
-    const auto added = static_cast<std::size_t>(second.size_);
-    if (!EndsAtRoomFor(added)) return *this = AddByCopy(*this, second);
-    char* end = block_->Bytes() + block_->used;
-    if (added == 1)
-      *end = *second.data_;
+    const std::string_view added = second.Bytes();
+    if (!EndsAtRoomFor(added.size())) return *this = Sum(Bytes(), added);
+    // Where the block ends, taken from this string: the processor would have to wait for the block's own word,
+    // which the addition before has just written.
+    char* end = const_cast<char*>(data_) + size_;
+    if (added.size() == 1)
+      *end = added.front();
     else
-      std::memcpy(end, second.data_, added);
-    block_->used += added;
+      added.copy(end, added.size());
+    block_->end = end + added.size();
     size_ += second.size_;
     return *this;
   }
@@ -86,19 +88,19 @@ class String {
  private:
   struct Block {
     std::size_t references;
-    std::size_t used;
-    std::size_t capacity;
+    char* end;
+    char* limit;
     char* Bytes() { return reinterpret_cast<char*>(this + 1); }
+    std::size_t Room() const { return static_cast<std::size_t>(limit - end); }
   };
 
   constexpr String(Block* block, const char* data, std::int32_t size) : block_(block), data_(data), size_(size) {}
   static Block* Allocate(std::size_t capacity);
   static void Free(Block* block);
   bool EndsAtRoomFor(std::size_t added) const {
-    return block_ != nullptr && data_ + size_ == block_->Bytes() + block_->used &&
-           added <= block_->capacity - block_->used;
+    return block_ != nullptr && data_ + size_ == block_->end && added <= block_->Room();
   }
-  static String AddByCopy(const String& first, const String& second);
+  static String Sum(std::string_view first, std::string_view second);
   void Share() const {
     if (block_ != nullptr) ++block_->references;
   }

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "services/base/big_block.h"
 #include "services/base/string.h"
 
 namespace celestrix {
@@ -42,7 +43,7 @@ class StringArray {
     return position < gap_ ? position : position + gapSize_;
   }
 
-  std::vector<String> slots_;
+  std::vector<String, BlockAllocator<String>> slots_;
   std::size_t gap_ = 0;      // the slot where the gap begins
   std::size_t gapSize_ = 0;  // in slots, which hold empty strings
 };

@@ -144,11 +144,13 @@ class RadioButton : public RectControl {
 class EditField : public RectControl {
  public:
   /// The whole text, exactly as it was set: no byte of it is changed. Once the user has edited it, what they did
-  /// not touch is still the same, but for the line endings (also U+2029, and the non-characters U+FDD0 and
-  /// U+FDD1, which the toolkit takes for some), all of which have become one line feed.
+  /// not touch is still the same, but for two things. The line endings (also U+2029, and the non-characters U+FDD0
+  /// and U+FDD1, which the toolkit takes for some) have all become one line feed. The non-character U+FDD2, which
+  /// the field needs for itself, is gone.
   String Text() const;
   /// Replaces all of the text, at once. What is on the screen follows in slices, between events, so that the
-  /// window never stands still; an edit in the meantime waits until the field shows all of its text.
+  /// window never stands still; an edit in the meantime waits until the field shows all of its text. Raises
+  /// RuntimeException, and changes nothing, for a text of more lines than the toolkit can hold (16 million).
   void Text(const String& text);
   /// Whether there is no text. Unlike a look at Text, this costs the same for every length.
   bool IsEmpty() const;

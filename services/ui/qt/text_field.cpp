@@ -10,6 +10,7 @@
 #include <QTextCursor>
 #include <QTimerEvent>
 #include <QUrl>
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -22,6 +23,15 @@ namespace {
 constexpr std::size_t kSliceSize = 32 * 1024;  // bytes; some two milliseconds of the toolkit's time
 constexpr qint64 kFillMilliseconds = 8;        // how long the event loop may wait for slices
 
+// Laying out a line takes a third of a microsecond for each character of it.
+constexpr qsizetype kLongestPiece = 4096;
+// What stands in the document between the pieces of a line: a code point that is no character, by which the piece
+// is known to go on in the next block. It is part of the document, so that undoing restores it.
+constexpr QChar kGoesOn(0xFDD2);
+const QString kPieceEnd = QString(kGoesOn) + QChar::LineFeed;
+
+constexpr std::ptrdiff_t kMostLines = 1 << 24;  // the toolkit needs some 150 bytes for each
+
 /// How many bytes to take from the text: about a slice, up to the end of a line if there is one, never less
 /// than a whole character or line ending.
 std::size_t SliceOf(std::string_view text) {
@@ -31,6 +41,31 @@ std::size_t SliceOf(std::string_view text) {
   std::size_t end = kSliceSize;
   while ((static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // into a character
   return text[end] == '\n' ? end + 1 : end;
+}
+
+/// The text as the document holds it: with very long lines in pieces.
+QString ToDocument(const QString& text) {
+  QString document;
+  qsizetype done = 0;
+  for (qsizetype start = 0; start < text.size();) {
+    const qsizetype lineEnd = text.indexOf(QChar::LineFeed, start);
+    const qsizetype end = lineEnd >= 0 ? lineEnd + 1 : text.size();
+    while (end - start > kLongestPiece) {
+      start += kLongestPiece;
+      if (text[start].isLowSurrogate() || text[start] == QChar::LineFeed) --start;  // keeps pairs and CR LF together
+      document += QStringView(text).sliced(done, start - done);
+      document += kPieceEnd;
+      done = start;
+    }
+    start = end;
+  }
+  return done == 0 ? text : document.append(QStringView(text).sliced(done));
+}
+
+/// The text that a document, or a part of one, stands for.
+QString FromDocument(QString raw) {
+  raw.replace(QChar::ParagraphSeparator, QChar::LineFeed);
+  return raw.remove(kPieceEnd).remove(kGoesOn);
 }
 
 /// Whether the event can change the text, the selection or the cursor, or shows a menu that can.
@@ -69,6 +104,7 @@ TextField::TextField(QWidget* parent, Events events) : QPlainTextEdit(parent), e
   setTabChangesFocus(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setWordWrapMode(QTextOption::WrapAnywhere);  // looking for words takes the square of a line's length
   connect(this, &QPlainTextEdit::textChanged, this, &TextField::TextWasChanged);
 }
 
@@ -76,12 +112,12 @@ TextField::TextField(QWidget* parent, Events events) : QPlainTextEdit(parent), e
 
 String TextField::Text() const {
   if (!edited_) return text_;
-  QString raw = document()->toRawText();
-  raw.replace(QChar::ParagraphSeparator, QChar::LineFeed);
-  return FromQString(raw);
+  return FromQString(FromDocument(document()->toRawText()));
 }
 
 void TextField::SetText(const String& text) {
+  if (std::ranges::count(text.Bytes(), '\n') >= kMostLines)
+    throw RuntimeException("The text has more lines than the field can hold.");
   postponed_.clear();
   {
     const QScopedValueRollback filling(filling_, true);
@@ -101,7 +137,9 @@ void TextField::SetText(const String& text) {
 QString TextField::TakeSlice() {
   const std::string_view slice = rest_.substr(0, SliceOf(rest_));
   rest_.remove_prefix(slice.size());
-  return QString::fromUtf8(slice.data(), static_cast<qsizetype>(slice.size()));
+  const QString shown = ToDocument(QString::fromUtf8(slice.data(), static_cast<qsizetype>(slice.size())));
+  const bool midLine = !rest_.empty() && slice.back() != '\n';
+  return midLine ? shown + kPieceEnd : shown;
 }
 
 void TextField::AddSlice() {
@@ -116,7 +154,11 @@ void TextField::timerEvent(QTimerEvent* event) {
     const QScopedValueRollback filling(filling_, true);
     QElapsedTimer sinceStart;
     sinceStart.start();
+    // As one edit: after each, the toolkit lays out the page at the text's end.
+    QTextCursor edit(document());
+    edit.beginEditBlock();
     while (!IsWhole() && sinceStart.elapsed() < kFillMilliseconds) AddSlice();
+    edit.endEditBlock();
   }
   if (IsWhole()) BecomeWhole();
 }
@@ -138,6 +180,19 @@ void TextField::TextWasChanged() {
   edited_ = true;
   text_ = String();
   events_.textChanged();
+}
+
+// ---- The clipboard, and drags of a selection
+
+QMimeData* TextField::createMimeDataFromSelection() const {
+  auto* mime = new QMimeData;
+  mime->setText(FromDocument(textCursor().selectedText()));
+  return mime;
+}
+
+void TextField::insertFromMimeData(const QMimeData* mime) {
+  textCursor().insertText(ToDocument(mime->text()));
+  ensureCursorVisible();
 }
 
 // ---- What waits until the field is whole

@@ -7,7 +7,9 @@
 // Quick: the toolkit needs about five microseconds for a line, so a long text would stop the window for
 // seconds. The field shows the first slice at once and adds the rest between events. Until it is whole, what
 // the user does to the text (keys, mouse, commands) waits, in order, so that all of it acts on the whole text.
-// What does not touch the text (scrolling, resizing) goes on.
+// What does not touch the text (scrolling, resizing) goes on. A single line of megabytes stops the toolkit too,
+// every time that it is drawn; so a very long line is shown in pieces (see kPieceEnd), which no reader of the
+// text ever sees.
 #pragma once
 
 #include <QBasicTimer>
@@ -41,6 +43,8 @@ class TextField final : public QPlainTextEdit {
   void AcceptText() { acceptsText_ = true; }
 
  protected:
+  QMimeData* createMimeDataFromSelection() const override;
+  void insertFromMimeData(const QMimeData* mime) override;
   bool event(QEvent* event) override;
   bool viewportEvent(QEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
