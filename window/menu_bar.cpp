@@ -14,7 +14,7 @@ struct Row {
 
 template <class Item>
 Ref<MenuItem> NewItem(const Row& row) {
-  const Ref<Item> item = New<Item>();
+  Ref<Item> item = New<Item>();
   item->Name = row.Name;
   item->Text = row.Text;
   item->KeyboardShortcut = row.KeyboardShortcut;

@@ -104,6 +104,9 @@ Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() const {
+  std::error_code error;
+  fs::create_directories(path_.parent_path(), error);
+  if (error) return Ref<TextOutputStream>::Nil(CouldNot("created", path_, error.message()));
   std::string whyNot;
   std::filebuf file = CreateEmpty(path_, whyNot);
   return file.is_open() ? New<TextOutputStream>(std::move(file)) : Ref<TextOutputStream>::Nil(whyNot);

@@ -34,9 +34,11 @@ class FolderItem {
   /// Opens the existing file for reading text. Null when it is no readable regular file, or longer than
   /// String::kMaxSize, which is also what a text field can hold.
   Ref<TextInputStream> OpenAsTextFile() const;
-  /// Creates the file empty, in place of what stood there, and opens it for writing text.
+  /// Creates the file empty, in place of what stood there, and opens it for writing text. The folders that it is
+  /// in are made if they do not exist.
   Ref<TextOutputStream> CreateTextFile() const;
-  /// The same for writing bytes, for a file of the registered type of that name.
+  /// Creates the file empty, in place of what stood there, and opens it for writing bytes. It is of the registered
+  /// type of that name. The folder must exist.
   Ref<BinaryStream> CreateBinaryFile(const String& fileType) const;
 
  private:

@@ -161,7 +161,7 @@ double Val(const String& text) {
   double number = 0;
   const auto [end, error] = std::from_chars(rest.data(), rest.data() + rest.size(), number);
   if (error != std::errc::result_out_of_range) return number;
-  const bool tiny = std::string_view(rest.data(), end).find("-", 1) != std::string_view::npos;
+  const bool tiny = std::string_view(rest.data(), end).find('-', 1) != std::string_view::npos;
   return tiny ? 0 : std::copysign(HUGE_VAL, minus ? -1.0 : 1.0);
 }
 

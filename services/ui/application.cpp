@@ -13,6 +13,7 @@
 
 #include "services/base/background_task.h"
 #include "services/ui/event_queue.h"
+#include "services/ui/qt/program_window.h"
 #include "services/ui/qt/strings.h"
 #include "services/ui/qt/termination_signals.h"
 #include "services/ui/window.h"
@@ -50,7 +51,9 @@ QIcon ProgramIcon() {
 }
 
 void ShowAlert(const QString& text) {
-  QMessageBox alert(QMessageBox::Warning, QString(), text, QMessageBox::Ok, QApplication::activeWindow());
+  QWidget* window = ProgramWindow();
+  const QString title = window != nullptr ? window->windowTitle() : QString();
+  QMessageBox alert(QMessageBox::Warning, title, text, QMessageBox::Ok, window);
   alert.setTextFormat(Qt::PlainText);
   alert.exec();
 }

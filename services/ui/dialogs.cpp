@@ -1,11 +1,11 @@
 #include "services/ui/dialogs.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 
 #include "services/base/file_type.h"
+#include "services/ui/qt/program_window.h"
 #include "services/ui/qt/strings.h"
 
 namespace celestrix {
@@ -31,13 +31,13 @@ Ref<FolderItem> ChosenIn(QFileDialog& dialog) {
 }  // namespace
 
 Ref<FolderItem> GetOpenFolderItem(const String& fileType) {
-  QFileDialog dialog(QApplication::activeWindow(), QString(), lastFolder, NameFilter(fileType));
+  QFileDialog dialog(ProgramWindow(), QString(), lastFolder, NameFilter(fileType));
   dialog.setFileMode(QFileDialog::ExistingFile);
   return ChosenIn(dialog);
 }
 
 Ref<FolderItem> GetSaveFolderItem(const String& fileType, const String& defaultName) {
-  QFileDialog dialog(QApplication::activeWindow(), QString(), lastFolder, NameFilter(fileType));
+  QFileDialog dialog(ProgramWindow(), QString(), lastFolder, NameFilter(fileType));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.selectFile(ToQString(defaultName));

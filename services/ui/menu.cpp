@@ -8,7 +8,7 @@ Ref<MenuItem> Find(const std::vector<Ref<MenuItem>>& items, const String& name, 
   for (const Ref<MenuItem>& item : items) {
     if (item->Name == name) return item;
     if (!below) continue;
-    if (const Ref<MenuItem> found = Find(item->Items(), name, below)) return found;
+    if (Ref<MenuItem> found = Find(item->Items(), name, below)) return found;
   }
   return Ref<MenuItem>::Nil("There is no menu item “" + std::string(name.Bytes()) + "”.");
 }

@@ -6,9 +6,8 @@
 namespace celestrix {
 
 Ref<FolderItem> PreferencesFolder() {
-  const QDir folder(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
-  folder.mkpath(QStringLiteral("."));
-  return New<FolderItem>(folder.filesystemAbsolutePath());
+  return New<FolderItem>(
+      QDir(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)).filesystemAbsolutePath());
 }
 
 }  // namespace celestrix

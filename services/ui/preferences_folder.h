@@ -5,7 +5,7 @@
 namespace celestrix {
 
 /// The current user's preferences folder: XDG_CONFIG_HOME or ~/.config on Linux, ~/Library/Preferences on
-/// macOS. It is made if it does not exist yet; where that fails, so does creating a file in it.
+/// macOS. On a fresh account it may not exist yet.
 Ref<FolderItem> PreferencesFolder();
 
 }  // namespace celestrix

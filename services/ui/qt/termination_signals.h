@@ -11,7 +11,7 @@ namespace celestrix {
 /// elsewhere there are none: the system closes the window (termination_signals_none.cpp).
 class TerminationSignals {
  public:
-  explicit TerminationSignals(std::function<void()> whenRaised);
+  explicit TerminationSignals(const std::function<void()>& whenRaised);
   ~TerminationSignals();
   TerminationSignals(const TerminationSignals&) = delete;
   TerminationSignals& operator=(const TerminationSignals&) = delete;

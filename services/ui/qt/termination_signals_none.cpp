@@ -4,7 +4,7 @@ namespace celestrix {
 
 struct TerminationSignals::Watch {};
 
-TerminationSignals::TerminationSignals(std::function<void()> /*whenRaised*/) {}
+TerminationSignals::TerminationSignals(const std::function<void()>& /*whenRaised*/) {}
 TerminationSignals::~TerminationSignals() = default;
 
 }  // namespace celestrix

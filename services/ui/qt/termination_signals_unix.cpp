@@ -51,13 +51,13 @@ struct TerminationSignals::Watch {
   QSocketNotifier notifier;
 };
 
-TerminationSignals::TerminationSignals(std::function<void()> whenRaised) {
+TerminationSignals::TerminationSignals(const std::function<void()>& whenRaised) {
   if (pipe(ends.data()) != 0) return;
   for (int end : ends) {
     fcntl(end, F_SETFD, FD_CLOEXEC);
     fcntl(end, F_SETFL, O_NONBLOCK);
   }
-  watch_ = std::make_unique<Watch>(std::move(whenRaised));
+  watch_ = std::make_unique<Watch>(whenRaised);
   Handle(WriteToPipe);
 }
 
