@@ -1,8 +1,7 @@
 // Files, as the tests read and write them: whole, and not by the program's own means.
 #pragma once
 
-#include <QFile>
-#include <QTemporaryDir>
+#include <QtTest>
 #include <string>
 
 inline std::string ReadFile(const QString& path) {

@@ -1,5 +1,4 @@
 // From a text to both files, byte for byte.
-#include <QTest>
 
 #include "core/element_lines.h"
 #include "core/palm_database.h"

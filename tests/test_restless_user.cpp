@@ -1,7 +1,6 @@
 // A user who does everything in any order, thousands of times. After each deed the window must be in order.
 //
 // The order comes from a seed, which is printed; CELESTRIX_SEED repeats a run, CELESTRIX_DEEDS makes it longer.
-#include <QClipboard>
 #include <random>
 
 #include "tests/model.h"

@@ -1,8 +1,4 @@
 // The window: layout, ways of the text into it, saving, menus, preferences, and what happens in the middle of a save.
-#include <QAccessible>
-#include <QClipboard>
-#include <QMenuBar>
-#include <QScrollBar>
 
 #include "tests/model.h"
 #include "tests/window_fixture.h"
@@ -87,9 +83,7 @@ class TestWindow : public QObject {
   }
 
   void dropsReplaceTheText() {
-    const QString windows = WriteFile(folder_.filePath("Windows.TXT"),
-                                      "\xEF\xBB\xBF"
-                                      "a\r\nb\rc\n");
+    const QString windows = WriteFile(folder_.filePath("Windows.TXT"), std::string("\xEF\xBB\xBF") + "a\r\nb\rc\n");
     const QString other = WriteFile(folder_.filePath("other.txt"), "other"),
                   pdf = WriteFile(folder_.filePath("x.pdf"), "pdf");
     const QString empty = WriteFile(folder_.filePath("empty.txt"), "");
@@ -111,15 +105,6 @@ class TestWindow : public QObject {
     QTRY_COMPARE(alert, "“" + folder_.filePath("folder.txt") + "” could not be opened: Is a directory.");
     QCOMPARE(w.Text(), "far away");
     QVERIFY(w.DropFiles({empty}) && !w.save->isEnabled());
-  }
-
-  void browseReadsOrLeavesAlone() {
-    TestedWindow w;
-    w.Click(w.browse, WriteFile(folder_.filePath("browsed.txt"), " "));
-    QCOMPARE(w.Text(), " ");
-    QVERIFY(w.save->isEnabled());
-    w.Click(w.browse, "");
-    QCOMPARE(w.Text(), " ");
   }
 
   void textIsKeptExactly() {
@@ -224,24 +209,14 @@ class TestWindow : public QObject {
   }
 
   void preferencesChooseTheFormat() {
-    struct Row {
-      std::string content;
-      int chosen;  // -1: neither
-    };
-    for (const Row& row : {Row{"", 0},
-                           {"0\n", 0},
-                           {"1", 1},
-                           {"1\r\n0", 1},
-                           {"\n1", 0},
-                           {"words", 0},
-                           {"2", -1},
-                           {"-1", -1},
-                           {"1e99", -1}}) {
-      WriteFile(PreferencesPath(), row.content);
+    const std::map<std::string, int> chosenBy = {{"", 0},      {"0\n", 0}, {"1", 1},   {"1\r\n0", 1}, {"\n1", 0},
+                                                 {"words", 0}, {"2", -1},  {"-1", -1}, {"1e99", -1}};
+    for (const auto& [content, chosen] : chosenBy) {  // -1: neither
+      WriteFile(PreferencesPath(), content);
       TestedWindow w;
-      QCOMPARE(w.palm->isChecked(), row.chosen == 0);
-      QCOMPARE(w.pocket->isChecked(), row.chosen == 1);
-      if (row.chosen != -1) continue;
+      QCOMPARE(w.palm->isChecked(), chosen == 0);
+      QCOMPARE(w.pocket->isChecked(), chosen == 1);
+      if (chosen != -1) continue;
       QString alert;
       TestedWindow::ExpectAlert(&alert);
       QTRY_VERIFY(alert.contains("FileFormat"));

@@ -1,18 +1,7 @@
 // The real window on Qt's offscreen platform, and a user's hands for it.
 #pragma once
 
-#include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QTimer>
-#include <QUrl>
+#include <QtWidgets>
 #include <optional>
 
 #include "app/app.h"
