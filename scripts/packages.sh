@@ -9,7 +9,7 @@ run_packages=(qt6-wayland fonts-dejavu-core)
 headless_packages=(xvfb openbox xdotool imagemagick)
 # For the tests: benchmarks, the fuzzer, and the checks of the Debian package and of what it holds.
 test_packages=(libbenchmark-dev clang libclang-rt-dev
-  desktop-file-utils appstream man-db librsvg2-bin dpkg-dev file lintian xauth)
+  desktop-file-utils appstream man-db dpkg-dev file lintian)
 
 # install_missing PACKAGE...: installs those that are not there. Where none is missing it needs neither
 # network nor rights.

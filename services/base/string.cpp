@@ -19,6 +19,10 @@ constexpr std::size_t kSmallestChunkSize = 64 * 1024;
 constexpr std::size_t kLargestChunkSize = 2 * kLargePageSize - 64;
 constexpr std::size_t kLongestInChunk = kSmallestChunkSize / 8;
 
+// Room for a piece of this size each is reserved when a text is split, which is ample for lines of elements. Room
+// that is not used costs nothing: the system gives memory when it is written to.
+constexpr std::size_t kUsualPieceSize = 32;
+
 constexpr std::array<char, 128> kAsciiCharacters = [] {
   std::array<char, 128> characters{};
   for (std::size_t code = 0; code < characters.size(); ++code) characters[code] = static_cast<char>(code);
@@ -114,20 +118,13 @@ std::int32_t RuntimeStringCompare(const String& a, const String& b) { return a.B
 Ref<StringArray> Split(const String& text, const String& delimiter) {
   const std::string_view bytes = text.Bytes();
   const std::string_view separator = delimiter.Bytes();
-  // Calls back for each piece with where it begins and how long it is.
-  const auto eachPiece = [&](const auto& callback) {
-    std::size_t begin = 0;
-    for (std::size_t end = 0; (end = bytes.find(separator, begin)) != std::string_view::npos;
-         begin = end + separator.size())
-      callback(begin, end - begin);
-    callback(begin, bytes.size() - begin);
-  };
-  // Counting first is cheaper than growing: the array is allocated once, at its final size.
-  std::size_t count = 0;
-  eachPiece([&](std::size_t, std::size_t) { ++count; });
   auto pieces = New<StringArray>();
-  pieces->Reserve(count);
-  eachPiece([&](std::size_t begin, std::size_t size) { pieces->Append(text.Slice(begin, size)); });
+  pieces->Reserve(bytes.size() / kUsualPieceSize + 1);
+  std::size_t begin = 0;
+  for (std::size_t end = 0; (end = bytes.find(separator, begin)) != std::string_view::npos;
+       begin = end + separator.size())
+    pieces->Append(text.Slice(begin, end - begin));
+  pieces->Append(text.Slice(begin));
   return pieces;
 }
 
