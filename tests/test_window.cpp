@@ -134,17 +134,24 @@ class TestWindow : public QObject {
     QCOMPARE(w.Text(), text);
     QTest::keyClick(w.txt, Qt::Key_A, Qt::ControlModifier);  // waits for the whole text
     QTest::keyClick(w.txt, Qt::Key_Delete);
-    QCOMPARE(w.Text(), text);
-    QTRY_VERIFY(w.IsWhole());
-    QVERIFY(w.Text().empty() && !w.save->isEnabled());
+    QVERIFY(!w.IsWhole() && w.save->isEnabled());
+    QVERIFY(w.Text().empty() && w.IsWhole() && !w.save->isEnabled());
     QTest::keyClick(w.txt, Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(w.Text() == model::TextOfFile(text) && w.save->isEnabled());
 
-    w.SetText(text);
-    w.txt->textCursor().insertText("behind the field's back");  // as an accessibility client might
-    QVERIFY(w.Text() == "behind the field's back" + model::TextOfFile(text));
+    for (const bool all : {false, true}) {  // as an accessibility client edits, who does not wait
+      w.SetText(text);
+      QTextCursor cursor = w.txt->textCursor();
+      if (all) cursor.select(QTextCursor::Document);
+      cursor.insertText("new ");
+      QVERIFY(w.Text() == (all ? "new " : "new " + text));
+      QTRY_VERIFY(w.IsWhole());
+      QVERIFY(w.Text() == (all ? "new " : "new " + model::TextOfFile(text)));
+    }
     w.SetText(text);
     QTest::keyClick(w.txt, Qt::Key_X);
+    QTest::keyClick(w.txt, Qt::Key_Tab);
+    QVERIFY(w.browse->hasFocus());
     w.SetText("short");  // the key was for the text before
     QCOMPARE(w.Text(), "short");
   }

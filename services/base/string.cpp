@@ -170,20 +170,23 @@ std::int32_t RuntimeCvtReal64ToSInt32(double number) {
 String ReplaceLineEndings(const String& text, const String& lineEnding) {
   const std::string_view bytes = text.Bytes();
   const std::string_view ending = lineEnding.Bytes();
-  // The usual text already has the endings it should have; looking for one byte is the quickest look there is.
-  if (ending == "\n" && bytes.find('\r') == std::string_view::npos) return text;
+  // Line feeds that are to stay need not be looked at, and a search for one byte is the quickest there is.
+  const auto findEnding = [&](std::size_t from) {
+    return ending == "\n" ? bytes.find('\r', from) : bytes.find_first_of("\r\n", from);
+  };
+  if (findEnding(0) == std::string_view::npos) return text;
 
   const auto endings = static_cast<std::size_t>(
       std::count_if(bytes.begin(), bytes.end(), [](char byte) { return byte == '\r' || byte == '\n'; }));
   return String::Build(bytes.size() + endings * ending.size(), [&](char* out) {
     char* const start = out;
-    std::string_view rest = bytes;
-    for (std::size_t line = 0; (line = rest.find_first_of("\r\n")) != std::string_view::npos;) {
-      out += rest.copy(out, line);
+    std::size_t done = 0;
+    for (std::size_t at = 0; (at = findEnding(done)) != std::string_view::npos;) {
+      out += bytes.copy(out, at - done, done);
       out += ending.copy(out, ending.size());
-      rest.remove_prefix(line + (rest.substr(line).starts_with("\r\n") ? 2 : 1));
+      done = at + (bytes.substr(at, 2) == "\r\n" ? 2 : 1);
     }
-    out += rest.copy(out, rest.size());
+    out += bytes.copy(out, bytes.size() - done, done);
     return static_cast<std::size_t>(out - start);
   });
 }

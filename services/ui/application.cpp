@@ -111,6 +111,8 @@ void RequestQuitBySystem() {
   RequestQuit();
 }
 
+bool IsEndedBySystem() { return endedBySystem; }
+
 void RuntimeUnhandledException(const std::exception& error) {
   if (endedBySystem) return;
   const QString text = QString::fromStdString(ErrorText(error));

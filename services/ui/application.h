@@ -57,8 +57,10 @@ void Quit(std::int32_t exitCode);
 /// Asks the application to quit, as the user or the platform does: dialogs are cancelled, and the windows
 /// closed. Their close handlers end the program.
 void RequestQuit();
-/// The same where the system ends the program and nobody may be there to read an alert: none is shown.
+/// The same where the system ends the program and nobody may be there to answer: from now on dialogs are cancelled
+/// at once, and no alert is shown.
 void RequestQuitBySystem();
+bool IsEndedBySystem();
 
 /// The end of an error that no handler caught: one alert says what could not be done and why, and the
 /// program goes on. An error at start-up is shown when the window is there.

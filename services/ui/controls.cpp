@@ -172,7 +172,7 @@ void EditField::SetProperties(const ControlProperties& properties) {
   SetTextSize(field, properties.TextSize);
 }
 
-String EditField::Text() const { return FieldIn(widget_).Text(); }
+String EditField::Text() { return FieldIn(widget_).Text(); }
 void EditField::Text(const String& text) { FieldIn(widget_).SetText(text); }
 bool EditField::IsEmpty() const { return FieldIn(widget_).IsEmpty(); }
 

@@ -140,14 +140,15 @@ class RadioButton : public RectControl {
 ///   "Open"        once, when its window opens;
 ///   "TextChange"  whenever its text changes, also when the program sets it;
 ///   "DropObject"  when something that it accepts is dropped on it from outside. (Moving a selection within the
-///                 field is its own editing.) What is dropped is copied, never taken from its source.
+///                 field is its own editing.) What is dropped is copied; a source that does not let itself be
+///                 copied is refused.
 class EditField : public RectControl {
  public:
   /// The whole text, exactly as it was set: no byte of it is changed. Once the user has edited it, what they did
   /// not touch is still the same, but for two things. The line endings (also U+2029, and the non-characters U+FDD0
   /// and U+FDD1, which the toolkit takes for some) have all become one line feed. The non-character U+FDD2, which
-  /// the field needs for itself, is gone.
-  String Text() const;
+  /// the field needs for itself, is gone. Edits that wait (see below) are done first, while the event loop goes on.
+  String Text();
   /// Replaces all of the text, at once. What is on the screen follows in slices, between events, so that the
   /// window never stands still; an edit in the meantime waits until the field shows all of its text. Raises
   /// RuntimeException, and changes nothing, for a text of more lines than the toolkit can hold (16 million).

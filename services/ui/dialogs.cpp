@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include "services/base/file_type.h"
+#include "services/ui/application.h"
 #include "services/ui/qt/program_window.h"
 #include "services/ui/qt/strings.h"
 
@@ -22,7 +23,7 @@ QString NameFilter(const String& fileType) {
 }
 
 Ref<FolderItem> ChosenIn(QFileDialog& dialog) {
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return nullptr;
+  if (IsEndedBySystem() || dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return nullptr;
   const QFileInfo chosen(dialog.selectedFiles().constFirst());
   lastFolder = chosen.absolutePath();
   return New<FolderItem>(chosen.filesystemAbsoluteFilePath());

@@ -30,7 +30,7 @@ constexpr qsizetype kLongestPiece = 4096;
 constexpr QChar kGoesOn(0xFDD2);
 const QString kPieceEnd = QString(kGoesOn) + QChar::LineFeed;
 
-constexpr std::ptrdiff_t kMostLines = 1 << 24;  // the toolkit needs some 150 bytes for each
+constexpr std::ptrdiff_t kMostLineEnds = 1 << 24;  // the toolkit needs some 150 bytes for each line
 
 /// How many bytes to take from the text: about a slice, up to the end of a line if there is one, never less
 /// than a whole character or line ending.
@@ -69,10 +69,13 @@ QString FromDocument(QString raw) {
 }
 
 /// Whether the event can change the text, the selection or the cursor, or shows a menu that can.
-bool IsEditing(QEvent::Type type) {
-  switch (type) {
+bool IsEditing(const QEvent& event) {
+  switch (event.type()) {
     case QEvent::KeyPress:
-    case QEvent::KeyRelease:
+    case QEvent::KeyRelease: {
+      const int key = static_cast<const QKeyEvent&>(event).key();
+      return key != Qt::Key_Tab && key != Qt::Key_Backtab;  // these leave the field, and what follows is not for it
+    }
     case QEvent::InputMethod:
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:
@@ -87,8 +90,9 @@ bool IsEditing(QEvent::Type type) {
 
 /// The path of the first item of a drop, if that is a file here; else empty.
 QString FirstFile(const QMimeData& mime) {
-  const QList<QUrl> urls = mime.urls();
-  return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+  QUrl first = mime.urls().value(0);
+  if (first.host() == QLatin1String("localhost")) first.setHost({});
+  return first.toLocalFile();
 }
 
 /// A copy of what an accepted drop brings: a file goes before text.
@@ -105,18 +109,21 @@ TextField::TextField(QWidget* parent, Events events) : QPlainTextEdit(parent), e
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setWordWrapMode(QTextOption::WrapAnywhere);  // looking for words takes the square of a line's length
+  connect(document(), &QTextDocument::contentsChange, this, &TextField::DocumentChanges);
   connect(this, &QPlainTextEdit::textChanged, this, &TextField::TextWasChanged);
 }
 
 // ---- The text
 
-String TextField::Text() const {
+String TextField::Text() {
+  // What the user did before the question belongs to the answer.
+  while (!postponed_.empty() && !IsWhole()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   if (!edited_) return text_;
-  return FromQString(FromDocument(document()->toRawText()));
+  return RuntimeAddString(FromQString(FromDocument(document()->toRawText())), String(rest_));
 }
 
 void TextField::SetText(const String& text) {
-  if (std::ranges::count(text.Bytes(), '\n') >= kMostLines)
+  if (std::ranges::count_if(text.Bytes(), [](char c) { return c == '\n' || c == '\r'; }) > kMostLineEnds)
     throw RuntimeException("The text has more lines than the field can hold.");
   postponed_.clear();
   {
@@ -166,19 +173,22 @@ void TextField::timerEvent(QTimerEvent* event) {
 void TextField::BecomeWhole() {
   betweenEvents_.stop();
   document()->setUndoRedoEnabled(true);
+  if (edited_) text_ = String();
   for (const auto& action : std::exchange(postponed_, {})) action();
+}
+
+// An accessibility client edits without waiting until the text is whole. What is still to come belongs behind what
+// the client left; but if it took away all that it saw, it meant everything.
+void TextField::DocumentChanges(int position, int removed, int added) {
+  if (filling_ || IsWhole()) return;
+  const int shownBefore = document()->characterCount() - 1 - added + removed;
+  if (position == 0 && removed >= shownBefore) rest_ = {};
 }
 
 void TextField::TextWasChanged() {
   if (filling_) return;
-  if (!IsWhole()) {
-    // Somebody edits past our back, as an accessibility client may: the rest belongs behind what there is now.
-    const QScopedValueRollback filling(filling_, true);
-    while (!IsWhole()) AddSlice();
-    BecomeWhole();
-  }
   edited_ = true;
-  text_ = String();
+  if (IsWhole()) BecomeWhole();
   events_.textChanged();
 }
 
@@ -205,7 +215,7 @@ void TextField::WhenWhole(std::function<void()> action) {
 }
 
 bool TextField::Postpone(QObject* receiver, QEvent* event) {
-  if (IsWhole() || !IsEditing(event->type())) return false;
+  if (IsWhole() || !IsEditing(*event)) return false;
   postponed_.push_back([receiver = QPointer(receiver), later = std::shared_ptr<QEvent>(event->clone())] {
     if (receiver) QCoreApplication::sendEvent(receiver, later.get());
   });
@@ -224,7 +234,9 @@ bool TextField::IsOwnDrag(const QDropEvent& event) const {
   return event.source() == this || event.source() == viewport();
 }
 
-bool TextField::Accepts(const QMimeData& mime) const {
+bool TextField::Accepts(const QDropEvent& event) const {
+  if (!event.possibleActions().testFlag(Qt::CopyAction)) return false;
+  const QMimeData& mime = *event.mimeData();
   if (const QString file = FirstFile(mime); !file.isEmpty())
     return acceptedFiles_ != nullptr && acceptedFiles_->Matches(file.toStdString());
   return acceptsText_ && mime.hasText();
@@ -233,19 +245,19 @@ bool TextField::Accepts(const QMimeData& mime) const {
 void TextField::dragEnterEvent(QDragEnterEvent* event) {
   if (IsOwnDrag(*event)) return QPlainTextEdit::dragEnterEvent(event);
   event->setDropAction(Qt::CopyAction);
-  event->setAccepted(Accepts(*event->mimeData()));
+  event->setAccepted(Accepts(*event));
 }
 
 void TextField::dragMoveEvent(QDragMoveEvent* event) {
   if (IsOwnDrag(*event)) return QPlainTextEdit::dragMoveEvent(event);
   event->setDropAction(Qt::CopyAction);
-  event->setAccepted(Accepts(*event->mimeData()));
+  event->setAccepted(Accepts(*event));
 }
 
 void TextField::dropEvent(QDropEvent* event) {
   if (IsOwnDrag(*event)) return QPlainTextEdit::dropEvent(event);
   event->setDropAction(Qt::CopyAction);
-  event->setAccepted(Accepts(*event->mimeData()));
+  event->setAccepted(Accepts(*event));
   if (!event->isAccepted()) return;
   // The source waits until this returns, so the handler, which may have to show an alert, comes later.
   QMetaObject::invokeMethod(

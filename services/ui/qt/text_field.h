@@ -8,8 +8,8 @@
 // seconds. The field shows the first slice at once and adds the rest between events. Until it is whole, what
 // the user does to the text (keys, mouse, commands) waits, in order, so that all of it acts on the whole text.
 // What does not touch the text (scrolling, resizing) goes on. A single line of megabytes stops the toolkit too,
-// every time that it is drawn; so a very long line is shown in pieces (see kPieceEnd), which no reader of the
-// text ever sees.
+// every time that it is drawn; so a very long line is shown in pieces (see kPieceEnd), of which neither
+// Text nor the clipboard knows.
 #pragma once
 
 #include <QBasicTimer>
@@ -32,7 +32,7 @@ class TextField final : public QPlainTextEdit {
 
   TextField(QWidget* parent, Events events);
 
-  String Text() const;
+  String Text();
   void SetText(const String& text);
   bool IsEmpty() const { return rest_.empty() && document()->isEmpty(); }
 
@@ -57,13 +57,14 @@ class TextField final : public QPlainTextEdit {
   QString TakeSlice();
   void AddSlice();
   void BecomeWhole();
+  void DocumentChanges(int position, int removed, int added);
   void TextWasChanged();
   bool Postpone(QObject* receiver, QEvent* event);
   bool IsOwnDrag(const QDropEvent& event) const;
-  bool Accepts(const QMimeData& mime) const;
+  bool Accepts(const QDropEvent& event) const;
 
   Events events_;
-  String text_;            // as it was set; empty once the user has edited it
+  String text_;            // as it was set; empty when it has been edited and is whole
   bool edited_ = false;    // by the user, since the text was set
   bool filling_ = false;   // while the field itself changes the document
   std::string_view rest_;  // the end of text_ that the document does not hold yet
