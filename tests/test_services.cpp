@@ -179,6 +179,8 @@ class TestServices : public QObject {
     fails("opened", "It is not a file");
     fails("created", "It is not a file");
     At(path).Delete();
+    QCOMPARE(symlink("/", name.c_str()), 0);
+    At(path).Delete();  // of the link
     QCOMPARE(symlink("/dev/zero", name.c_str()), 0);
     fails("opened", "It is not a file");
     At(path).Delete();

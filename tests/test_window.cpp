@@ -24,6 +24,9 @@ class TestWindow : public QObject {
     TestedWindow w;
     QCOMPARE(w.frame->windowTitle(), "Celestrix Satellite Encoder");
     QVERIFY(!w.save->isEnabled() && w.palm->isChecked() && w.txt->tabChangesFocus());
+    auto* const label = w.frame->findChild<QLabel*>("StaticText1");
+    QVERIFY(label->palette().color(QPalette::WindowText) == QColor(0x7F, 0x7F, 0x7F));
+    QVERIFY(label->heightForWidth(466) > 0 && label->heightForWidth(466) <= 55);
     QVERIFY(w.txt->verticalScrollBar()->isVisible() && !w.txt->horizontalScrollBar()->isVisible());
     struct Row {
       const char* name;
@@ -96,7 +99,11 @@ class TestWindow : public QObject {
     QVERIFY(w.DropText("A\r\nB"));
     QCOMPARE(w.Text(), "A\r\nB");
     QVERIFY(w.DropFiles({"https://example.org/elements.txt"}, "far away"));
+    w.Click(w.browse, "");
     QCOMPARE(w.Text(), "far away");
+    w.Click(w.browse, other);
+    QCOMPARE(w.Text(), "other");
+    QVERIFY(w.DropText("far away"));
 
     QVERIFY(QDir().mkpath(folder_.filePath("folder.txt")));
     QString alert;
@@ -122,20 +129,26 @@ class TestWindow : public QObject {
       w.txt->paste();
       QCOMPARE(w.Text(), model::TextOfFile(text));
     }
-    w.SetText("a\u2029b\uFDD0c");
-    QCOMPARE(w.Text(), "a\u2029b\uFDD0c");
+    w.SetText("a\u2029b\uFDD0c\uFDD2");
+    QCOMPARE(w.Text(), "a\u2029b\uFDD0c\uFDD2");
+    QTest::keyClick(w.txt, Qt::Key_X);
+    QCOMPARE(w.Text(), "xa\nb\nc");
   }
 
   void aLongTextIsWholeFromTheStart() {
     TestedWindow w;
-    std::string text = Elements(20000) + std::string(100000, 'x') + "\r\n\U0001F6F0 é";
+    // Slices and pieces of the long line would end within a character, and between CR and LF.
+    const std::string text = Elements(20000) + "x" + QString("\U0001F6F0").repeated(22527).toStdString() +
+                             std::string(8191, 'x') + "\r\n\U0001F6F0 é";
     w.SetText(text);
     QVERIFY(!w.IsWhole() && w.save->isEnabled());
     QCOMPARE(w.Text(), text);
     QTest::keyClick(w.txt, Qt::Key_A, Qt::ControlModifier);  // waits for the whole text
-    QTest::keyClick(w.txt, Qt::Key_Delete);
-    QVERIFY(!w.IsWhole() && w.save->isEnabled());
+    QTest::keyClick(w.txt, Qt::Key_X, Qt::ControlModifier);
+    QVERIFY(!w.IsWhole() && w.save->isEnabled() && !w.txt->textCursor().hasSelection());
     QVERIFY(w.Text().empty() && w.IsWhole() && !w.save->isEnabled());
+    QVERIFY(QGuiApplication::clipboard()->text().toStdString() == model::TextOfFile(text));
+    QVERIFY_THROWS_EXCEPTION(RuntimeException, w.SetText(std::string((1 << 24) + 1, '\n')));
     QTest::keyClick(w.txt, Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(w.Text() == model::TextOfFile(text) && w.save->isEnabled());
 
@@ -164,7 +177,8 @@ class TestWindow : public QObject {
     for (const bool palm : {true, false}) {
       QTest::mouseClick(palm ? w.palm : w.pocket, Qt::LeftButton, Qt::NoModifier, QPoint(8, 10));
       QCOMPARE(w.palm->isChecked(), palm);
-      QCOMPARE(w.Click(w.save, ""), palm ? "celestrix_satellites.pdb" : "celestrix_satellites.ppc");
+      QCOMPARE(w.Click(w.save, ""),
+               palm ? "celestrix_satellites.pdbPDB (*.pdb *.PDB)" : "celestrix_satellites.ppcPPC (*.ppc *.PPC)");
       const QString path = WriteFile(folder_.filePath("-a b%20é"), std::string(9999, 'x'));
       w.Click(w.save, path);
       QCOMPARE(ReadFile(path), model::SavedFile(text, palm));
@@ -258,6 +272,7 @@ class TestWindow : public QObject {
         mime.setUrls({QUrl::fromLocalFile(dropped)});
         w.Drop(mime);
         w.frame->close();
+        QTest::mouseClick(w.palm, Qt::LeftButton, Qt::NoModifier, QPoint(8, 10));  // too late
         if (w.palm->isChecked() && w.frame->isVisible() && ReadFile(first).size() < 78 + 221 * 20000)
           happened += "during";
       });
@@ -267,6 +282,7 @@ class TestWindow : public QObject {
     QCOMPARE(happened, QStringList("during"));
     QVERIFY(ReadFile(first) == model::SavedFile("x" + text, true));  // by the second save, in its turn
     QCOMPARE(w.Text(), "dropped\n");
+    QTest::mouseClick(w.palm, Qt::LeftButton, Qt::NoModifier, QPoint(8, 10));  // and so is this
     QVERIFY(w.pocket->isChecked());
     QCOMPARE(ReadFile(PreferencesPath()), "1\n");
   }

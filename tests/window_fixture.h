@@ -51,9 +51,10 @@ class TestedWindow {
     QDragEnterEvent enter(at, actions, &mime, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(txt->viewport(), &enter);
     if (!enter.isAccepted()) return false;
-    QDropEvent drop(at, actions, &mime, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(at, actions, &mime, Qt::LeftButton, Qt::ShiftModifier);  // who would rather move it
+    const std::string before = Text();
     QCoreApplication::sendEvent(txt->viewport(), &drop);
-    if (drop.dropAction() != Qt::CopyAction) qFatal("a drop took its source away");
+    if (drop.dropAction() != Qt::CopyAction || Text() != before) qFatal("a drop took its source away, or made it wait");
     QTest::qWait(0);
     return drop.isAccepted();
   }
@@ -85,7 +86,7 @@ class TestedWindow {
       auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
       if (dialog == nullptr) return AnswerFileDialog(path, proposed);
       auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-      if (proposed != nullptr) *proposed = name->text();
+      if (proposed != nullptr) *proposed = name->text() + dialog->selectedNameFilter();
       dialog->setOption(QFileDialog::DontConfirmOverwrite);
       name->setText(path);
       path.isEmpty() ? dialog->reject() : static_cast<QDialog*>(dialog)->accept();
