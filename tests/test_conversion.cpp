@@ -53,7 +53,7 @@ class TestConversion : public QObject {
           "  " + Line(60) + "\n" + Line(60) + " \t\n" + kept,         // and is kept otherwise
           "\t \n \v\f\n" + kept + "\r\n" + kept + "a\r\nb\r\nc\r\n",  // a carriage return is part of its line
           Line(69) + "é\n" + Line(68) + "éé\n" + Line(69) + "éé\n" + kept + kept,
-          std::string("\u00A0\u2003\n\u200B\n\u3000x\n\u00A0\n\u1680\u2028\u205F\nlast"),
+          std::string("\u00A0\u2003\n\u200B\n\u3000x\n\u00A0\n\u0085\u1680\u2000\u200A\u2028\u2029\u202F\u205F\nlast"),
           std::string("a\0b\n\0\nc", 7) + "\n" + kept, kept + kept + kept + kept + kept + kept + kept + "\n \n"}) {
       QVERIFY(Saved(text, true) == model::SavedFile(text, true));
       QVERIFY(Saved(text, false) == model::SavedFile(text, false));

@@ -26,7 +26,7 @@ class TestWindow : public QObject {
     QVERIFY(!w.save->isEnabled() && w.palm->isChecked() && w.txt->tabChangesFocus());
     auto* const label = w.frame->findChild<QLabel*>("StaticText1");
     QVERIFY(label->palette().color(QPalette::WindowText) == QColor(0x7F, 0x7F, 0x7F));
-    QVERIFY(label->heightForWidth(466) > 0 && label->heightForWidth(466) <= 55);
+    QVERIFY(label->heightForWidth(466) > 20 && label->heightForWidth(466) <= 55);
     QVERIFY(w.txt->verticalScrollBar()->isVisible() && !w.txt->horizontalScrollBar()->isVisible());
     struct Row {
       const char* name;
@@ -73,14 +73,8 @@ class TestWindow : public QObject {
       QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
       QCOMPARE(QApplication::focusWidget(), next);
     }
-    w.palm->setFocus();
-    QTest::keyClick(w.palm, Qt::Key_Right);
-    QVERIFY(w.pocket->isChecked() && !w.palm->isChecked());
-    QTest::keyClick(w.pocket, Qt::Key_Left);
-    QVERIFY(w.palm->isChecked() && !w.pocket->isChecked());
     TestedWindow::AnswerFileDialog(folder_.filePath("keys.pdb"));
     w.save->setFocus();
-    QTest::keyClick(w.save, Qt::Key_Return);  // does not push it
     QTest::keyClick(w.save, Qt::Key_Space);
     QCOMPARE(ReadFile(folder_.filePath("keys.pdb")), model::SavedFile("a line", true));
   }
@@ -226,7 +220,6 @@ class TestWindow : public QObject {
     QVERIFY(w.Text().empty() && QGuiApplication::clipboard()->text() == "pasted");
     w.browse->setFocus();
     QVERIFY(enabled({}));
-    QCOMPARE(MenuBar1::Shared()->ItemNamed("EditClear"_s)->Text, "&Delete"_s);
   }
 
   void preferencesChooseTheFormat() {
@@ -273,7 +266,7 @@ class TestWindow : public QObject {
         mime.setUrls({QUrl::fromLocalFile(dropped)});
         w.Drop(mime);
         w.frame->close();
-        QTest::mouseClick(w.palm, Qt::LeftButton, Qt::NoModifier, QPoint(8, 10));  // too late
+        w.DropText("too late");
         if (w.palm->isChecked() && w.frame->isVisible() && ReadFile(first).size() < 78 + 221 * 20000)
           happened += "during";
       });

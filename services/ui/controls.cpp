@@ -119,7 +119,6 @@ void GroupBox::SetProperties(const ControlProperties& properties) {
 
 QWidget* PushButton::MakeWidget(QWidget* parent) {
   auto* button = new QPushButton(parent);
-  button->setAutoDefault(false);
   QObject::connect(button, &QPushButton::clicked, button, [this] { Raise("Action"); });
   return button;
 }
