@@ -30,7 +30,8 @@ class TestRestlessUser : public QObject {
     for (int deed = Setting("CELESTRIX_DEEDS", 3000); deed > 0; --deed) {
       (this->*deeds[Any(10)])();
       if (Any(4) != 0) QCoreApplication::processEvents();
-      QCOMPARE(w_.save->isEnabled(), !w_.Text().empty());
+      const bool hasText = !w_.Text().empty();  // asked first: edits that wait are done on the way
+      QCOMPARE(w_.save->isEnabled(), hasText);
       QVERIFY(w_.palm->isChecked() != w_.pocket->isChecked());
       QVERIFY(QApplication::activeModalWidget() == nullptr);
       if (QTest::currentTestFailed()) return;
