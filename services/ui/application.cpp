@@ -86,7 +86,6 @@ Runtime::~Runtime() { BackgroundTask::Install(nullptr); }
 int Runtime::RunEventLoop() { return QApplication::exec(); }
 
 void RegisterApplication(Ref<Application> application) { registeredApplication = std::move(application); }
-const Ref<Application>& RegisteredApplication() { return registeredApplication; }
 
 Ref<Window> ImplicitWindow(const String& className) {
   const auto found = implicitWindows.find(std::string(className.Bytes()));

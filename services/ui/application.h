@@ -42,9 +42,8 @@ class Application {
   Ref<celestrix::MenuBar> menuBar_;
 };
 
-/// Makes this the application object; null releases it.
+/// Makes this the application object, and holds it until the next one; null releases it.
 void RegisterApplication(Ref<Application> application);
-const Ref<Application>& RegisteredApplication();
 
 /// The implicit windows: each the one of its class, kept open until the program ends.
 Ref<Window> ImplicitWindow(const String& className);

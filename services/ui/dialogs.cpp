@@ -1,6 +1,5 @@
 #include "services/ui/dialogs.h"
 
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 

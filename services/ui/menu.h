@@ -39,10 +39,6 @@ class MenuItem {
 class QuitMenuItem : public MenuItem {};
 
 /// The bar is the root of the tree.
-class MenuBar : public MenuItem {
- public:
-  /// The item of that name anywhere in the bar; null when there is none.
-  Ref<MenuItem> ItemNamed(const String& name) const;
-};
+class MenuBar : public MenuItem {};
 
 }  // namespace celestrix
