@@ -9,12 +9,14 @@ namespace celestrix::FileTypes1 {
 /// Makes the three types and registers them. Called once, before any dialog, drop or file creation.
 void _Initialize();
 
-/// Each returns the same object on every call between _Initialize and Release.
+/// Each returns the same object on every call between _Initialize and its release.
 Ref<FileType> TextFile();
 Ref<FileType> PPCFile();
 Ref<FileType> PDBFile();
 
-/// Lets go of the three types at the program's end.
-void Release();
+/// Each lets go of one type, at the program's end.
+void ReleaseTextFile();
+void ReleasePPCFile();
+void ReleasePDBFile();
 
 }  // namespace celestrix::FileTypes1

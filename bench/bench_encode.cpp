@@ -4,41 +4,26 @@
 #include <exception>
 #include <string_view>
 
+#include "app/file_types.h"
+#include "core/element_file.h"
 #include "core/element_lines.h"
-#include "core/palm_database.h"
-#include "core/pocket_pc_file.h"
-#include "services/base/file_type.h"
 #include "services/base/folder_item.h"
 
-namespace {
-
-using namespace celestrix;
-
-void Encode(const char* textFile, const char* output, bool palm) {
-  FileType type;
-  type.Name = "Output"_s;
-  const Ref<TextInputStream> input = FolderItem(textFile).OpenAsTextFile();
-  const String text = ReplaceLineEndings(input->ReadAll(), EndOfLine());
-  const Ref<BinaryStream> stream = FolderItem(output).CreateBinaryFile(type);
-  stream->LittleEndian(!palm);
-  const Ref<StringArray> lines = ElementLines(text);
-  if (palm)
-    WritePalmDatabase(stream, lines);
-  else
-    WritePocketPcFile(stream, lines);
-  stream->Close();
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
+  using namespace celestrix;
   const std::string_view format = argc == 4 ? argv[3] : "";
   if (format != "pdb" && format != "ppc") {
     std::fputs("usage: bench_encode TEXT-FILE OUTPUT pdb|ppc\n", stderr);
     return 2;
   }
   try {
-    Encode(argv[1], argv[2], format == "pdb");
+    FileTypes1::_Initialize();
+    const Ref<TextInputStream> input = FolderItem(argv[1]).OpenAsTextFile();
+    const String text = ReplaceLineEndings(input->ReadAll(), EndOfLine());
+    const Ref<BinaryStream> stream = FolderItem(argv[2]).CreateBinaryFile(*FileTypes1::PDBFile());
+    WriteElementFile(stream, ElementLines(text),
+                     format == "pdb" ? ElementFileFormat::kPalmDatabase : ElementFileFormat::kPocketPcFile);
+    stream->Close();
   } catch (const std::exception& error) {
     std::fprintf(stderr, "%s\n", error.what());
     return 1;

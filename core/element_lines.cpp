@@ -1,5 +1,7 @@
 #include "core/element_lines.h"
 
+#include <array>
+
 #include "services/base/background_task.h"
 
 namespace celestrix {
@@ -8,13 +10,13 @@ namespace {
 
 /// The line with NUL bytes added up to the width of a slot.
 String Padded(const String& line) {
-  const String nul = Chr(0);
-  String padded = line;
-  while (LenB(padded) < kLineWidth) {
-    padded += nul;
+  std::array<char, kLineWidth> slot;
+  std::size_t size = line.Bytes().copy(slot.data(), slot.size());
+  while (size < slot.size()) {
+    slot[size++] = '\0';
     RuntimeBackgroundTask();
   }
-  return padded;
+  return String({slot.data(), slot.size()});
 }
 
 }  // namespace
@@ -39,10 +41,10 @@ void Normalise(const Ref<StringArray>& lines) {
 
 std::int32_t SetCount(const Ref<StringArray>& lines) { return (lines->UpperBound() + 1) / kLinesPerSet; }
 
-void WriteRecordData(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines, std::uint64_t dataStart) {
-  const std::int32_t lineCount = kLinesPerSet * SetCount(lines);
+void WriteRecordData(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines, std::int32_t setCount,
+                     std::uint64_t dataStart) {
   std::uint64_t position = dataStart;
-  for (std::int32_t i = 0; i < lineCount; ++i) {
+  for (std::int32_t i = 0; i < kLinesPerSet * setCount; ++i) {
     stream->Position(position);
     stream->Write(lines->Get(i));
     position += kLineWidth;

@@ -14,8 +14,6 @@
 // Nothing stands between slots or behind the last one.
 #pragma once
 
-#include <cstdint>
-
 #include "services/base/binary_stream.h"
 #include "services/base/string_array.h"
 
@@ -38,7 +36,9 @@ void Normalise(const Ref<StringArray>& lines);
 /// The number of whole element sets in normalised lines. The one or two lines left over belong to none.
 std::int32_t SetCount(const Ref<StringArray>& lines);
 
-/// Writes the record data area: the lines of the whole element sets, each into its slot. Yields once per line.
-void WriteRecordData(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines, std::uint64_t dataStart);
+/// Writes the record data area: the lines of the first `setCount` element sets, each into its slot. Yields once per
+/// line.
+void WriteRecordData(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines, std::int32_t setCount,
+                     std::uint64_t dataStart);
 
 }  // namespace celestrix

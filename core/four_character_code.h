@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 #include "services/base/string.h"
 
 namespace celestrix {

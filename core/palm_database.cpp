@@ -39,23 +39,8 @@ constexpr std::int32_t kAttributes = 0x0808;
 constexpr std::int32_t kVersion = 3;
 constexpr auto kDateStamp = static_cast<std::int32_t>(0xBBF81E02);
 
-void WriteHeader(const Ref<BinaryStream>& stream, std::int32_t setCount) {
-  WriteDatabaseName(stream, "Celestrix Satellite"_s);
-  stream->WriteShort(kAttributes);
-  stream->WriteShort(kVersion);
-  for (int date = 0; date < 3; ++date) stream->WriteLong(kDateStamp);
-  stream->WriteLong(0);  // modification number
-  stream->WriteLong(0);  // application info offset
-  stream->WriteLong(0);  // sort info offset
-  stream->WriteLong(ElementFileType());
-  stream->WriteLong(FourCharacterCode("R"_s, "Z"_s, "Q"_s, "4"_s));
-  stream->WriteLong(0);  // unique ID seed
-  stream->WriteLong(0);  // next record list ID
-  stream->WriteShort(setCount);
-}
-
-void WriteRecordList(const Ref<BinaryStream>& stream, std::int32_t setCount, std::uint32_t dataStart) {
-  std::uint32_t offset = dataStart;
+void WriteRecordList(const Ref<BinaryStream>& stream, std::int32_t setCount) {
+  std::uint32_t offset = kHeaderSize + kListEntrySize * static_cast<std::uint32_t>(setCount);
   for (std::int32_t k = 0; k < setCount; ++k) {
     stream->WriteLong(static_cast<std::int32_t>(offset));
     offset += kSetSize;
@@ -79,12 +64,20 @@ void WriteDatabaseName(const Ref<BinaryStream>& stream, const String& name) {
   }
 }
 
-void WritePalmDatabase(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines) {
-  const std::int32_t setCount = SetCount(lines);
-  const std::uint32_t dataStart = kHeaderSize + kListEntrySize * static_cast<std::uint32_t>(setCount);
-  WriteHeader(stream, setCount);
-  WriteRecordList(stream, setCount, dataStart);
-  WriteRecordData(stream, lines, dataStart);
+void WritePalmHeader(const Ref<BinaryStream>& stream, std::int32_t setCount) {
+  WriteDatabaseName(stream, "Celestrix Satellite"_s);
+  stream->WriteShort(kAttributes);
+  stream->WriteShort(kVersion);
+  for (int date = 0; date < 3; ++date) stream->WriteLong(kDateStamp);
+  stream->WriteLong(0);  // modification number
+  stream->WriteLong(0);  // application info offset
+  stream->WriteLong(0);  // sort info offset
+  stream->WriteLong(ElementFileType());
+  stream->WriteLong(FourCharacterCode("R"_s, "Z"_s, "Q"_s, "4"_s));
+  stream->WriteLong(0);  // unique ID seed
+  stream->WriteLong(0);  // next record list ID
+  stream->WriteShort(setCount);
+  WriteRecordList(stream, setCount);
 }
 
 }  // namespace celestrix

@@ -16,16 +16,14 @@ namespace celestrix {
 namespace {
 
 constexpr std::int32_t kHeaderConstant = 24;
-constexpr std::uint64_t kHeaderSize = 16;
 
 }  // namespace
 
-void WritePocketPcFile(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines) {
+void WritePocketPcHeader(const Ref<BinaryStream>& stream, std::int32_t setCount) {
   stream->WriteLong(kHeaderConstant);
   stream->WriteLong(ElementFileType());
-  stream->WriteLong(SetCount(lines));
+  stream->WriteLong(setCount);
   stream->WriteLong(kSetSize);
-  WriteRecordData(stream, lines, kHeaderSize);
 }
 
 }  // namespace celestrix

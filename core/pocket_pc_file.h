@@ -1,12 +1,11 @@
 #pragma once
 
 #include "services/base/binary_stream.h"
-#include "services/base/string_array.h"
 
 namespace celestrix {
 
-/// Writes normalised lines as a whole Pocket PC file (.ppc) of 16 + 213 * sets bytes, onto an empty stream
-/// whose byte order is least significant byte first.
-void WritePocketPcFile(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines);
+/// Writes the header of a Pocket PC file (.ppc) of that many element sets. The stream is empty, with the least
+/// significant byte first; it is left at the data start, 16.
+void WritePocketPcHeader(const Ref<BinaryStream>& stream, std::int32_t setCount);
 
 }  // namespace celestrix

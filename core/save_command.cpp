@@ -1,9 +1,8 @@
 #include "core/save_command.h"
 
 #include "app/file_types.h"
+#include "core/element_file.h"
 #include "core/element_lines.h"
-#include "core/palm_database.h"
-#include "core/pocket_pc_file.h"
 #include "services/ui/dialogs.h"
 
 namespace celestrix {
@@ -25,15 +24,13 @@ void SaveBtn_Action(const Ref<Window>& window) {
   if (!target) return;  // cancelled
 
   const Ref<BinaryStream> stream = target->CreateBinaryFile(*type);
-  stream->LittleEndian(!palm);
+  *stream;  // raises where it could not be created
   const Ref<EditField> txt = RuntimeWindowControlByName(window, "txt"_s).As<EditField>();
   const Ref<StringArray> lines = ElementLines(txt->Text());
-  // The choice cannot have changed since it was read above: what the user does in the yields takes its turn
-  // after this handler. So byte order and format agree.
-  if (PalmIsChosen(window))
-    WritePalmDatabase(stream, lines);
-  else
-    WritePocketPcFile(stream, lines);
+  // The choice is looked at again: an accessibility client can change it at any time, also while the dialog is open.
+  // What is chosen now decides on all of the file's content.
+  WriteElementFile(stream, lines,
+                   PalmIsChosen(window) ? ElementFileFormat::kPalmDatabase : ElementFileFormat::kPocketPcFile);
   stream->Close();
 }
 

@@ -15,3 +15,13 @@ inline QString WriteFile(const QString& path, const std::string& bytes) {
   file.write(bytes.data(), static_cast<qint64>(bytes.size()));
   return path;
 }
+
+/// Shows the bytes of a failed comparison.
+template <>
+inline char* QTest::toString(const std::string_view& bytes) {
+  return QTest::toString(QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())));
+}
+template <>
+inline char* QTest::toString(const std::string& bytes) {
+  return QTest::toString(std::string_view(bytes));
+}

@@ -1,10 +1,8 @@
 // From a text to both files, byte for byte.
-
+#include "app/file_types.h"
+#include "core/element_file.h"
 #include "core/element_lines.h"
-#include "core/palm_database.h"
-#include "core/pocket_pc_file.h"
 #include "services/base/background_task.h"
-#include "services/base/file_type.h"
 #include "services/base/folder_item.h"
 #include "tests/files.h"
 #include "tests/model.h"
@@ -13,8 +11,8 @@ using namespace celestrix;
 
 namespace {
 
-String Make(const std::string& text) { return String(std::string_view(text)); }
-std::string Line(int width, char letter = 'x') { return std::string(static_cast<size_t>(width), letter); }
+std::string Line(std::size_t width, char letter = 'x') { return std::string(width, letter); }
+std::string Hex(const char* digits) { return QByteArray::fromHex(digits).toStdString(); }
 
 }  // namespace
 
@@ -22,85 +20,64 @@ class TestConversion : public QObject {
   Q_OBJECT
 
  private slots:
-  void initTestCase() {
-    type_.Name = "Output"_s;
-    QVERIFY(folder_.isValid());
-  }
+  void initTestCase() { FileTypes1::_Initialize(); }
 
   void filesAreRightToTheByte() {
-    const std::string set = "ALPHA\n" + Line(69, '1') + "\n" + Line(69, '2') + "\n";
-    const std::string record =
-        "ALPHA" + std::string(66, '\0') + Line(69, '1') + std::string(2, '\0') + Line(69, '2') + std::string(2, '\0');
-    const QByteArray palm = QByteArray::fromHex(
-        "43656C65737472697820536174656C6C 69746500000000000000000000000000 08080003BBF81E02BBF81E02BBF81E02"
-        "000000000000000000000000706C3132 525A5134000000000000000000010000 005600000000");
-    const QByteArray pocket = QByteArray::fromHex("18000000 32316C70 01000000 D5000000");
-    QCOMPARE(Saved(set, true), palm.toStdString() + record);
-    QCOMPARE(Saved(set, false), pocket.toStdString() + record);
-    QCOMPARE(Saved("", true).size(), size_t{78});
-    QCOMPARE(Saved("", false).size(), size_t{16});
-    QCOMPARE(Saved(set + "\n" + set, true).substr(76, 18),  // two records, at 94 and 307
-             QByteArray::fromHex("0002 0000005E00000000 0000013300000000").toStdString());
+    const std::string set = "ALPHA\n" + Line(69, '1') + "\n" + Line(70, '2') + "\n";
+    const std::string record = "ALPHA" + Line(66, '\0') + Line(69, '1') + Line(2, '\0') + Line(70, '2') + Line(1, '\0');
+    const std::string palm =
+        Hex("43656C65737472697820536174656C6C 69746500000000000000000000000000 08080003BBF81E02BBF81E02BBF81E02"
+            "000000000000000000000000706C3132 525A5134000000000000000000010000 005600000000");
+    QCOMPARE(Saved(set, true), palm + record);
+    QCOMPARE(Saved(set, false), Hex("18000000 32316C70 01000000 D5000000") + record);
   }
 
   void everyTextIsSavedAsTheModelSaysIt() {
     const std::string kept = Line(71) + "\n";
-    std::string many;  // more sets than the Palm file's count holds
+    std::string many;
     for (int i = 0; i < 3 * 65537; ++i) many += i % 2 == 0 ? "even\n" : "odd\n \n";
-    for (const std::string& text :
-         {many, std::string("\n\n"), kept, kept + kept + kept + Line(72) + "\n" + kept, kept + kept + Line(70) + "\n",
-          Line(69) + "   \n" + kept + kept + kept,                    // white space pushes it past the width
-          "  " + Line(60) + "\n" + Line(60) + " \t\n" + kept,         // and is kept otherwise
-          "\t \n \v\f\n" + kept + "\r\n" + kept + "a\r\nb\r\nc\r\n",  // a carriage return is part of its line
-          Line(69) + "é\n" + Line(68) + "éé\n" + Line(69) + "éé\n" + kept + kept,
-          std::string("\u00A0\u2003\n\u200B\n\u3000x\n\u00A0\n\u0085\u1680\u2000\u200A\u2028\u2029\u202F\u205F\nlast"),
-          std::string("a\0b\n\0\nc", 7) + "\n" + kept, kept + kept + kept + kept + kept + kept + kept + "\n \n"}) {
-      QVERIFY(Saved(text, true) == model::SavedFile(text, true));
-      QVERIFY(Saved(text, false) == model::SavedFile(text, false));
-    }
-  }
-
-  void databaseNameIsFittedToItsField() {
-    for (const int length : {0, 19, 30, 31, 32, 33, 50}) {
-      const QString path = folder_.filePath("name");
-      const Ref<BinaryStream> stream = At(path);
-      WriteDatabaseName(stream, Make(Line(length, 'n')));
-      QCOMPARE(stream->Position(), std::uint64_t{32});
-      stream->Close();
-      const std::string field =
-          Line(std::min(length, 31), 'n') + std::string(static_cast<size_t>(32 - std::min(length, 31)), '\0');
-      QCOMPARE(ReadFile(path).substr(0, 32), field);
+    // clang-format off
+    const std::pair<const char*, std::string> texts[] = {
+        {"no line", "\n\n"},
+        {"one line too many", kept + kept + kept + Line(72) + "\n" + kept},
+        {"spaces push a line past the width", Line(69) + "   \n" + kept + kept + kept},
+        {"spaces are kept otherwise", "  " + Line(60) + "\n" + Line(60) + " \t\n" + kept},
+        {"a carriage return is part of its line", "\t \n \v\f\n" + kept + "\r\n" + kept + "a\r\nb\r\n"},
+        {"bytes count", Line(69) + "é\n" + Line(68) + "éé\n" + Line(69) + "éé\n" + kept + kept},
+        {"blanks of web pages", "\u00A0\u2003\n\u200B\n\u3000x\n\u00A0\nlast"},
+        {"NUL is no blank", std::string("a\0b\n\0\nc", 7) + "\n" + kept},
+        {"more sets than the Palm count holds", many}};
+    // clang-format on
+    for (const auto& [name, text] : texts) {
+      QVERIFY2(Saved(text, true) == model::SavedFile(text, true), name);
+      QVERIFY2(Saved(text, false) == model::SavedFile(text, false), name);
     }
   }
 
   void everyPassYieldsOnce() {
-    const std::string text =
-        "abc\n\n" + Line(71) + "\n" + Line(72) + "\n" + Line(70) + "\n";  // 6 lines, 68 + 1 bytes added
     int yields = 0;
-    BackgroundTask::Install([&yields] { return ++yields, 1; });
-    Saved(text, false);
-    QCOMPARE(yields, 6 + 69 + 3);
-    yields = 0;
-    Saved(text, true);
-    QCOMPARE(yields, 6 + 69 + 12 + 1 + 3);  // and 12 bytes of the name field, 1 list entry
+    BackgroundTask::Install([&yields] {
+      RuntimeBackgroundTask();      // does nothing within the task
+      return ++yields < 5 ? 2 : 1;  // so four passes are left out
+    });
+    Saved("abc\n\n" + Line(71) + "\n" + Line(72) + "\n" + Line(70) + "\n", true);
     BackgroundTask::Install(nullptr);
+    QCOMPARE(yields,
+             6 + 68 + 1 + 3 + 12 + 1 - 4);  // lines, NUL bytes, lines of the data area; the name's NUL bytes, list
   }
 
  private:
-  Ref<BinaryStream> At(const QString& path) { return FolderItem(path.toStdString()).CreateBinaryFile(type_); }
-
   std::string Saved(const std::string& text, bool palm) {
-    const QString path = folder_.filePath("saved");
-    const Ref<BinaryStream> stream = At(path);
-    stream->LittleEndian(!palm);
-    const Ref<StringArray> lines = ElementLines(Make(text));
-    palm ? WritePalmDatabase(stream, lines) : WritePocketPcFile(stream, lines);
+    const Ref<BinaryStream> stream = FolderItem(path_.toStdString()).CreateBinaryFile(*FileTypes1::PDBFile());
+    stream->LittleEndian(palm);  // the other format's order, which must not matter
+    const auto format = palm ? ElementFileFormat::kPalmDatabase : ElementFileFormat::kPocketPcFile;
+    WriteElementFile(stream, ElementLines(String(text)), format);
     stream->Close();
-    return ReadFile(path);
+    return ReadFile(path_);
   }
 
-  FileType type_;
   QTemporaryDir folder_;
+  QString path_ = folder_.filePath("file");
 };
 
 QTEST_APPLESS_MAIN(TestConversion)

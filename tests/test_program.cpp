@@ -1,60 +1,71 @@
 // The program as a process: how it starts and ends, what it leaves, and that it is quiet.
 #include <signal.h>
-#include <unistd.h>
 
 #include "tests/files.h"
+
+namespace {
+
+struct Run {
+  QString starter;
+  int signal;
+  QString before;    // commands that prepare the preferences file $P in config/
+  QByteArray after;  // what is in it and in what it links to, and its path where it is a link
+};
+
+}  // namespace
 
 class TestProgram : public QObject {
   Q_OBJECT
 
  private slots:
-  void endsInOrderWhenItIsAskedTo() {
-    struct Row {
-      int signal;
-      const char *before, *after;  // the preferences file
-    };
+  void keepsTheChoiceWhenItIsEnded_data() {
+    QTest::addColumn<Run>("run");
     // clang-format off
-    const Row rows[] = {{SIGTERM, nullptr, "0\n"}, {SIGINT, "1\r\nmore", "1\n"}, {SIGHUP, "0", "0\n"}, {SIGTERM, "2", "1\n"}};
+    QTest::newRow("Pocket PC") << Run{"env", SIGINT, "mkdir config; printf '1\\r\\nmore' >$P", "1\n"};
+    QTest::newRow("neither") << Run{"env", SIGHUP, "mkdir config; echo 2 >$P", "1\n"};
+    QTest::newRow("read-only") << Run{"env", SIGTERM, "mkdir config; echo 1 >$P; chmod 400 $P", "1\n"};
+    QTest::newRow("link") << Run{"env", SIGTERM, "mkdir config; echo 1st >linked; ln -s ../linked $P", "1\n1st\n"};
+    QTest::newRow("broken link") << Run{"env", SIGTERM, "mkdir config; ln -s ../linked $P", "0\n"};
+    QTest::newRow("folder of that name") << Run{"env", SIGTERM, "mkdir -p $P", ""};
+    QTest::newRow("file in the folder's place") << Run{"env", SIGTERM, "touch config", ""};
+    QTest::newRow("nohup, no folder") << Run{"nohup", SIGTERM, "", "0\n"};
     // clang-format on
-    for (const Row& row : rows) {
-      QTemporaryDir home;
-      const QString folder = home.filePath("a/new/folder"), preferences = folder + "/CelestrixSatellite.prefs";
-      if (row.before != nullptr) {
-        QVERIFY(QDir().mkpath(folder));
-        WriteFile(preferences, row.before);
-      }
-      RunAndEnd(folder, row.signal);
-      QCOMPARE(ReadFile(preferences), row.after);
-    }
-    QTemporaryDir home;
-    RunAndEnd(WriteFile(home.filePath("file"), "") + "/no folder", SIGTERM);  // the choice is lost, and nothing else
+  }
+  void keepsTheChoiceWhenItIsEnded() {
+    QFETCH(const Run, run);
+    const QTemporaryDir home;
+    InShell(home, run.before);
+    QProcess program;
+    program.setEnvironment(QProcess::systemEnvironment()
+                           << "XDG_CONFIG_HOME=" + home.filePath("config") << "LC_ALL=de_DE.UTF-8");
+    program.setProcessChannelMode(QProcess::MergedChannels);
+    program.start(run.starter, {qEnvironmentVariable("CELESTRIX_PROGRAM")});
+    QVERIFY2(program.waitForStarted(), "waited for the program to start");
+    const qint64 id = program.processId();
+    QTRY_VERIFY2_WITH_TIMEOUT(Has(id, "SigCgt", SIGTERM), "waited for the program to catch signals", 20000);
+    QTRY_VERIFY2_WITH_TIMEOUT(Has(id, "SigIgn", SIGHUP) == (run.starter == "nohup"), "SIGHUP stays as it was", 2000);
+    kill(static_cast<pid_t>(id), run.signal);
+    QVERIFY2(program.waitForFinished(), "waited for the program to end");
+    QCOMPARE(program.readAll(), QByteArray());
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), 0);
+    QCOMPARE(InShell(home, "cat $P linked; find $P -type l"), run.after);
   }
 
  private:
-  void RunAndEnd(const QString& configuration, int signal) {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_CONFIG_HOME", configuration);
-    environment.insert("LC_ALL", "de_DE.UTF-8");
-    environment.remove("XDG_RUNTIME_DIR");
-    environment.remove("DBUS_SESSION_BUS_ADDRESS");
-    process.setProcessEnvironment(environment);
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(qEnvironmentVariable("CELESTRIX_PROGRAM"), {});
-    QVERIFY(process.waitForStarted());
-    // It answers signals in its own way from the moment when it catches them.
-    const QByteArray caught = "/proc/" + QByteArray::number(process.processId()) + "/status";
-    QTRY_VERIFY_WITH_TIMEOUT(Catches(caught, signal), 20000);
-    kill(static_cast<pid_t>(process.processId()), signal);
-    QVERIFY(process.waitForFinished());
-    QCOMPARE(process.readAll(), QByteArray());
-    QVERIFY(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0);
+  static QByteArray InShell(const QTemporaryDir& folder, const QString& commands) {
+    QProcess shell;
+    shell.setWorkingDirectory(folder.path());
+    shell.start("sh", {"-c", "P=config/CelestrixSatellite.prefs; " + commands});
+    shell.waitForFinished();
+    return shell.readAllStandardOutput();
   }
 
-  static bool Catches(const QByteArray& statusFile, int signal) {
-    for (const QByteArray& line : QByteArray::fromStdString(ReadFile(statusFile)).split('\n'))
-      if (line.startsWith("SigCgt:")) return (line.mid(7).trimmed().toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
-    return false;
+  /// Whether the signal is in that set of the process, as the system shows it.
+  static bool Has(qint64 process, const QByteArray& set, int signal) {
+    const QByteArray status = QByteArray::fromStdString(ReadFile(QStringLiteral("/proc/%1/status").arg(process)));
+    const qulonglong bits = status.mid(status.indexOf(set) + set.size() + 2, 16).toULongLong(nullptr, 16);
+    return (bits >> (signal - 1) & 1) != 0;
   }
 };
 

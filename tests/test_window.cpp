@@ -1,4 +1,7 @@
-// The window: layout, ways of the text into it, saving, menus, preferences, and what happens in the middle of a save.
+// The window: its controls, dialogs, alerts, menus and preferences; long texts, drops, and the middle of a save.
+#include <cerrno>
+#include <cstring>
+#include <new>
 
 #include "tests/model.h"
 #include "tests/window_fixture.h"
@@ -7,12 +10,28 @@ using namespace celestrix;
 
 namespace {
 
-std::string Elements(int sets) {
-  std::string text;
-  for (int i = 0; i < sets; ++i)
-    text += "SAT " + std::to_string(i) + "\n1 " + std::string(67, '1') + "\n2 " + std::string(67, '2') + "\n";
-  return text;
+const QString kTitle = "Celestrix Satellite Encoder", kAlert = kTitle + "|" + kTitle + "|PlainText|";
+const QString kInstructions =
+    "Drag and drop a text file containing satellite elements onto the field below, or use the Browse... button, or "
+    "copy and paste the text file contents into the field. Then click the Save... button to create the Celestrix file.";
+/// Lines of element sets, with a mark in front of each, as when files were joined together.
+const QString kLongText =
+    (QStringLiteral("\uFEFFSAT \U0001F6F0 é\n") + QString(71, '1') + "\n").repeated(12000) + "end";
+
+/// A dark desktop whose letters stand so far apart, in per cent, for the windows from now on.
+void MakeDesktop(qreal spacing) {
+  QFont font = QApplication::font();
+  font.setLetterSpacing(QFont::PercentageSpacing, spacing);
+  QApplication::setFont(font);
+  QApplication::setPalette(QPalette(Qt::darkGray, Qt::black));
 }
+
+/// The text of another program, which counts how often it is fetched.
+struct ForeignText final : QMimeData {
+  mutable int fetched = 0;
+  QStringList formats() const override { return {"text/plain"}; }
+  QVariant retrieveData(const QString& /*type*/, QMetaType /*to*/) const override { return ++fetched; }
+};
 
 }  // namespace
 
@@ -20,264 +39,245 @@ class TestWindow : public QObject {
   Q_OBJECT
 
  private slots:
-  void controlsStandWhereTheyShould() {
+  void initTestCase() { ReleaseImplicitWindows(); }  // the first one, which is older than the desktop of the tests
+
+  void controls() {
+    // clang-format off
+    // name, member of its set, place, how that changes when the window grows by a pixel, what it is for a screen reader
+    const std::tuple<const char*, int, QRect, QRect, QAccessible::Role, QString> controls[] = {
+        {"StaticText1", 0, {20, 14, 466, 55}, {0, 0, 1, 0}, QAccessible::StaticText, kInstructions},
+        {"txt", 0, {20, 81, 466, 275}, {0, 0, 1, 1}, QAccessible::EditableText, kInstructions},
+        {"BrowseBtn", 0, {20, 380, 80, 20}, {0, 1, 0, 0}, QAccessible::Button, "Browse..."},
+        {"SaveBtn", 0, {406, 380, 80, 20}, {1, 1, 0, 0}, QAccessible::Button, "Save..."},
+        {"GroupBox1", 0, {143, 360, 221, 46}, {0, 1, 0, 0}, QAccessible::Grouping, "Celestrix file format"},
+        {"FileFormat", 0, {153, 380, 81, 20}, {0, 1, 0, 0}, QAccessible::RadioButton, "Palm (PDB)"},
+        {"FileFormat", 1, {246, 380, 110, 20}, {0, 1, 0, 0}, QAccessible::RadioButton, "Pocket PC (PPC)"}};
+    // clang-format on
+    MakeDesktop(70);
     TestedWindow w;
-    QCOMPARE(w.frame->windowTitle(), "Celestrix Satellite Encoder");
-    QVERIFY(!w.save->isEnabled() && w.palm->isChecked() && w.txt->tabChangesFocus());
-    auto* const label = w.frame->findChild<QLabel*>("StaticText1");
-    QVERIFY(label->palette().color(QPalette::WindowText) == QColor(0x7F, 0x7F, 0x7F));
-    QVERIFY(label->heightForWidth(466) > 20 && label->heightForWidth(466) <= 55);
-    QVERIFY(w.txt->verticalScrollBar()->isVisible() && !w.txt->horizontalScrollBar()->isVisible());
-    struct Row {
-      const char* name;
-      QRect at;
-      int right, down, wider, higher;  // of 100 pixels, when the window grows by 100 both ways
-      QAccessible::Role role;
-      const char* spoken;
-    };
-    const QByteArray instructions = w.frame->findChild<QWidget*>("StaticText1")->property("text").toByteArray();
-    const Row rows[] = {{"StaticText1", {20, 14, 466, 55}, 0, 0, 1, 0, QAccessible::StaticText, instructions},
-                        {"txt", {20, 81, 466, 275}, 0, 0, 1, 1, QAccessible::EditableText, instructions},
-                        {"BrowseBtn", {20, 380, 80, 20}, 0, 1, 0, 0, QAccessible::Button, "Browse..."},
-                        {"SaveBtn", {406, 380, 80, 20}, 1, 1, 0, 0, QAccessible::Button, "Save..."},
-                        {"GroupBox1", {143, 360, 221, 46}, 0, 1, 0, 0, QAccessible::Grouping, "Celestrix file format"},
-                        {"FileFormat", {153, 380, 81, 20}, 0, 1, 0, 0, QAccessible::RadioButton, "Palm (PDB)"},
-                        {"FileFormat", {246, 380, 110, 20}, 0, 1, 0, 0, QAccessible::RadioButton, "Pocket PC (PPC)"}};
     QWidget* content = w.frame->centralWidget();
-    const QSize frameSize = w.frame->size();
-    for (const int growth : {0, 100, -100, -1000, 0}) {
-      w.frame->resize(frameSize + QSize(growth, growth));
-      const int real = std::max(growth, 64 - 506), realDown = std::max(growth, 64 - 426);
-      QTRY_COMPARE(content->size(), QSize(506 + real, 426 + realDown));
-      for (const Row& row : rows) {
-        QWidget* control = nullptr;
-        for (QWidget* found : content->findChildren<QWidget*>(row.name))
-          if (control == nullptr || found->mapTo(content, QPoint()).x() == row.at.x()) control = found;
-        const QRect expected(row.at.topLeft() + QPoint(row.right * real, row.down * realDown),
-                             QSize(std::max(0, row.at.width() + row.wider * real),
-                                   std::max(0, row.at.height() + row.higher * realDown)));
-        QCOMPARE(QRect(control->mapTo(content, QPoint()), control->size()), expected);
-        QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
-        QCOMPARE(spoken->role(), row.role);
-        QCOMPARE(spoken->text(QAccessible::Name), QString::fromUtf8(row.spoken));
+    const QSize frame = w.frame->size();
+    for (const QSize& growth : {QSize(0, 0), QSize(100, 100), QSize(-100, -100), QSize(-999, -999), QSize(2000, 0)}) {
+      w.frame->resize(frame + growth);
+      const QSize real = growth.expandedTo(QSize(64 - 506, 64 - 426));
+      QTRY_COMPARE(content->size(), QSize(506, 426) + real);
+      for (const auto& [name, member, at, change, role, heard] : controls) {
+        auto* control = content->findChildren<QWidget*>(name).at(member);
+        QCOMPARE(std::pair(name, control->font().pixelSize()), std::pair(name, 11));
+        QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(control);
+        QCOMPARE(std::pair(accessible->text(QAccessible::Name), accessible->role()), std::pair(heard, role));
+        const QPoint corner = at.topLeft() + QPoint(change.x() * real.width(), change.y() * real.height());
+        const QSize size = at.size() + QSize(change.width() * real.width(), change.height() * real.height());
+        const QRect place(control->mapTo(content, QPoint()), control->size());
+        QCOMPARE(std::pair(name, place), std::pair(name, QRect(corner, size.expandedTo(QSize(0, 0)))));
       }
     }
   }
 
-  void theWholeJobGoesWithoutAMouse() {
+  void coloursAndCaptions() {
+    MakeDesktop(140);
     TestedWindow w;
-    QTest::keyClicks(w.txt, "a line");
-    const QWidget* order[] = {w.browse, w.save, w.palm, w.txt};
+    QCOMPARE(w.frame->windowTitle(), kTitle);
+    QCOMPARE(w.frame->maximumSize(), QSize(32000, 32000 + w.frame->menuBar()->height()));
+    QVERIFY(!w.save->isEnabled());
+    QVERIFY(w.txt->verticalScrollBar()->isVisible());
+    QVERIFY(!w.txt->horizontalScrollBar()->isVisible());
+    QCOMPARE(w.txt->wordWrapMode(), QTextOption::WrapAnywhere);
+    auto* label = w.frame->findChild<QLabel*>("StaticText1");
+    QCOMPARE(label->palette().color(QPalette::WindowText), QColor(0x7F, 0x7F, 0x7F));
+    QCOMPARE(w.txt->palette().color(QPalette::Text), QColor(Qt::black));
+    QCOMPARE(w.txt->palette().color(QPalette::Base), QColor(Qt::white));
+    QVERIFY(label->heightForWidth(466) <= 55);
+    QVERIFY(w.frame->findChild<QGroupBox*>()->minimumSizeHint().width() <= 221);
+    for (const QAbstractButton* button : w.frame->findChildren<QAbstractButton*>())
+      QVERIFY2(button->fontMetrics().horizontalAdvance(button->text()) < button->width(), qPrintable(button->text()));
+  }
+
+  void dialogsAndTheirAlerts() {
+    TestedWindow w;
+    const QString place = folder_.path(), bad = place + "/folder.txt", path = WriteFile(place + "/-a b%20é", "old");
+    QVERIFY(QDir().mkpath(bad));
+    w.Click(w.browse, WriteFile(place + "/a.txt", "a\r\nb"));
+    QCOMPARE(w.Click(w.browse, ""),
+             QStringList({"AcceptOpen", "ExistingFile", "Text (*.txt *.TXT)", "", kTitle, place}));
+    w.Drop({}, {"file://" + bad});
+    QCOMPARE(w.Alert(), kAlert + QString("“%1” could not be opened: %2.").arg(bad, std::strerror(EISDIR)));
+    for (const QString type : {"pdb", "ppc"}) {
+      TestedWindow::Choose(type == "pdb" ? w.palm : w.pocket);
+      const QString filter = QString("%1 (*.%2 *.%1)").arg(type.toUpper(), type);
+      const QStringList expected = {"AcceptSave", "AnyFile", filter, "celestrix_satellites." + type, kTitle, place};
+      QCOMPARE(w.Click(w.save, path), expected + QStringList("replaced"));
+      QCOMPARE(ReadFile(path), model::SavedFile("a\nb", type == "pdb"));
+      QCOMPARE(w.Click(w.save, ""), expected);
+    }
+    w.Click(w.save, path + "/in.it");
+    QCOMPARE(w.Alert(), kAlert + QString("“%1/in.it” could not be created: %2.").arg(path, std::strerror(ENOTDIR)));
+    QCOMPARE(w.Text(), "a\nb");
+    const auto fail = [] { throw std::bad_alloc(); };  // in an event of the toolkit's own
+    QMetaObject::invokeMethod(qApp, fail, Qt::QueuedConnection);
+    QCOMPARE(w.Alert(), kAlert + "There is not enough memory.");
+  }
+
+  void menusAndKeys() {
+    TestedWindow w;
+    QCOMPARE(w.window->EditClear()->Name.Bytes(), "EditClear");
+    QStringList texts;
+    for (const QMenu* menu : w.frame->menuBar()->findChildren<QMenu*>())
+      for (const QAction* action : menu->actions()) texts += action->text() + action->shortcut().toString();
+    QCOMPARE(texts.join('|'),
+             "&QuitCtrl+Q|&UndoCtrl+Z||Cu&tCtrl+X|&CopyCtrl+C|&PasteCtrl+V|&Delete||Select &AllCtrl+A");
+    QGuiApplication::clipboard()->clear();
+    QVERIFY(!w.Command("EditPaste")->isEnabled());
+    w.SetText("set");
     w.txt->setFocus();
+    w.frame->menuBar()->setFocus();
+    QVERIFY(w.Command("EditSelectAll")->isEnabled());
+    w.browse->setFocus();
+    QVERIFY(!w.Command("EditSelectAll")->isEnabled());
+    w.txt->setFocus();
+    const QWidget* const order[] = {w.browse, w.save, w.palm, w.txt};
     for (const QWidget* next : order) {
       QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
       QCOMPARE(QApplication::focusWidget(), next);
     }
-    TestedWindow::AnswerFileDialog(folder_.filePath("keys.pdb"));
-    w.save->setFocus();
-    QTest::keyClick(w.save, Qt::Key_Space);
-    QCOMPARE(ReadFile(folder_.filePath("keys.pdb")), model::SavedFile("a line", true));
   }
 
-  void dropsReplaceTheText() {
-    const QString windows = WriteFile(folder_.filePath("Windows.TXT"), std::string("\xEF\xBB\xBF") + "a\r\nb\rc\n");
-    const QString other = WriteFile(folder_.filePath("other.txt"), "other"),
-                  pdf = WriteFile(folder_.filePath("x.pdf"), "pdf");
-    const QString empty = WriteFile(folder_.filePath("empty.txt"), "");
-    TestedWindow w;
-    QVERIFY(w.DropFiles({windows, other}));
-    QCOMPARE(w.Text(), "a\nb\nc\n");
-    QVERIFY(w.save->isEnabled());
-    QVERIFY(!w.DropFiles({pdf, other}, "its name"));  // as file managers offer them
-    QCOMPARE(w.Text(), "a\nb\nc\n");
-    QVERIFY(w.DropText("A\r\nB"));
-    QCOMPARE(w.Text(), "A\r\nB");
-    QVERIFY(w.DropFiles({"https://example.org/elements.txt"}, "far away"));
-    w.Click(w.browse, "");
-    QCOMPARE(w.Text(), "far away");
-    w.Click(w.browse, other);
-    QCOMPARE(w.Text(), "other");
-    QVERIFY(w.DropText("far away"));
-
-    QVERIFY(QDir().mkpath(folder_.filePath("folder.txt")));
-    QString alert;
-    TestedWindow::ExpectAlert(&alert);
-    QVERIFY(w.DropFiles({folder_.filePath("folder.txt")}));
-    QTRY_COMPARE(alert, "“" + folder_.filePath("folder.txt") + "” could not be opened: Is a directory.");
-    QCOMPARE(w.Text(), "far away");
-    QVERIFY(w.DropFiles({empty}) && !w.save->isEnabled());
+  void preferences() {
+    const std::pair<QString, QString> rows[] = {{QString(), "Palm"}, {"", "Palm"},      {"1", "Pocket PC"},
+                                                {"\n1", "Palm"},     {"words", "Palm"}, {"1e99", ""}};
+    for (const auto& [content, expected] : rows) {
+      const QString path = PreferencesPath();
+      if (content.isNull()) QDir().mkdir(path);
+      if (!content.isNull()) WriteFile(path, content.toStdString());
+      TestedWindow w;
+      QDir().rmdir(path);
+      QFile::remove(path);
+      const QString chosen = QString(w.palm->isChecked() ? "Palm" : "") + (w.pocket->isChecked() ? "Pocket PC" : "");
+      QCOMPARE(content + ": " + chosen, content + ": " + expected);
+      if (expected.isEmpty()) QVERIFY(w.Alert().startsWith(kAlert + "The window has no control “FileFormat”"));
+    }
   }
 
-  void textIsKeptExactly() {
+  void longLinesAndMarksAreKept() {
+    const QString mark = QChar(0xFEFF), longest(1'000'000, u'é');
     TestedWindow w;
-    const std::string nul(1, '\0');
-    for (const std::string& text : {std::string("a\r\nb\rc\n\n"),
-                                    std::string("\u00A0|\u2028|\uFFFC|\U0001F6F0|e\u0301|\uFEFF"), nul + "|" + nul}) {
-      w.SetText(text);
-      QCOMPARE(w.Text(), text);
-      w.txt->moveCursor(QTextCursor::End);
+    for (const QString& text : {mark, kLongText, QString(200'000, 'x') + "\nend", "a\n" + longest}) {
+      QCOMPARE(w.Drop(text), "CopyAction");
+      QCOMPARE(w.Text(), text.toStdString());
+      QVERIFY2(w.save->isEnabled(), qPrintable(text.left(5)));
+      QTest::keyClick(w.txt, Qt::Key_End, Qt::ControlModifier);
       QTest::keyClick(w.txt, Qt::Key_X);
-      QCOMPARE(w.Text(), model::TextOfFile(text) + "x");
-      QGuiApplication::clipboard()->setText(QString::fromStdString(text));
-      w.txt->selectAll();
-      w.txt->paste();
-      QCOMPARE(w.Text(), model::TextOfFile(text));
+      QCOMPARE(w.Text(), (text + "x").toStdString());
     }
-    w.SetText("a\u2029b\uFDD0c\uFDD2");
-    QCOMPARE(w.Text(), "a\u2029b\uFDD0c\uFDD2");
-    QTest::keyClick(w.txt, Qt::Key_X);
-    QCOMPARE(w.Text(), "xa\nb\nc");
+    const QString tooLong = "The text has a line that is longer than the field can hold.";
+    const std::pair<QString, QString> refused[] = {
+        {QString((1 << 24) + 1, '\n'), "The text has more lines than the field can hold."},
+        {"a\n" + longest + "é", tooLong},
+        {QString(1'000'001, 'x') + "\nb", tooLong}};
+    for (const auto& [text, alert] : refused) {
+      QCOMPARE(w.Drop(text), "CopyAction");
+      QCOMPARE(w.Alert(), kAlert + alert);
+      QCOMPARE(w.Text(), ("a\n" + longest + "x").toStdString());
+    }
   }
 
-  void aLongTextIsWholeFromTheStart() {
+  void whileATextLoads() {
     TestedWindow w;
-    // Slices and pieces of the long line would end within a character, and between CR and LF.
-    const std::string text = Elements(20000) + "x" + QString("\U0001F6F0").repeated(22527).toStdString() +
-                             std::string(8191, 'x') + "\r\n\U0001F6F0 é";
-    w.SetText(text);
-    QVERIFY(!w.IsWhole() && w.save->isEnabled());
-    QCOMPARE(w.Text(), text);
-    QTest::keyClick(w.txt, Qt::Key_A, Qt::ControlModifier);  // waits for the whole text
+    w.SetText(kLongText);
+    QTest::mouseMove(w.txt->viewport(), QPoint(30, 30));
+    QTest::mouseClick(w.txt->viewport(), Qt::LeftButton, {}, QPoint(30, 30));
+    QTest::mouseDClick(w.txt->viewport(), Qt::LeftButton, {}, QPoint(30, 30));
+    QCOMPARE(w.Text(), kLongText.toStdString());
+    QVERIFY(!w.IsWhole());  // it had nothing to wait for
+    w.txt->setFocus();
+    QTest::keyClick(w.txt, Qt::Key_X);
+    w.Command("EditSelectAll")->trigger();
     QTest::keyClick(w.txt, Qt::Key_X, Qt::ControlModifier);
-    QVERIFY(!w.IsWhole() && w.save->isEnabled() && !w.txt->textCursor().hasSelection());
-    QVERIFY(w.Text().empty() && w.IsWhole() && !w.save->isEnabled());
-    QVERIFY(QGuiApplication::clipboard()->text().toStdString() == model::TextOfFile(text));
-    QVERIFY_THROWS_EXCEPTION(RuntimeException, w.SetText(std::string((1 << 24) + 1, '\n')));
-    QTest::keyClick(w.txt, Qt::Key_Z, Qt::ControlModifier);
-    QVERIFY(w.Text() == model::TextOfFile(text) && w.save->isEnabled());
-
-    for (const bool all : {false, true}) {  // as an accessibility client edits, who does not wait
-      w.SetText(text);
-      QTextCursor cursor = w.txt->textCursor();
-      if (all) cursor.select(QTextCursor::Document);
-      cursor.insertText("new ");
-      QVERIFY(w.Text() == (all ? "new " : "new " + text));
-      QTRY_VERIFY(w.IsWhole());
-      QVERIFY(w.Text() == (all ? "new " : "new " + model::TextOfFile(text)));
-    }
-    w.SetText(text);
+    QVERIFY(!w.IsWhole());
+    QCOMPARE(w.Text(), "");
+    QCOMPARE(QGuiApplication::clipboard()->text(), "x" + kLongText);  // no click has moved the cursor
+    w.SetText(kLongText);
     QTest::keyClick(w.txt, Qt::Key_X);
     QTest::keyClick(w.txt, Qt::Key_Tab);
     QVERIFY(w.browse->hasFocus());
+    w.txt->setFocus();
+    QTest::keyClick(w.txt, Qt::Key_Backtab);
+    QVERIFY(!w.txt->hasFocus());
     w.SetText("short");  // the key was for the text before
     QCOMPARE(w.Text(), "short");
   }
 
-  void savesInBothFormats() {
-    TestedWindow w;
-    const std::string text =
-        "ALPHA\n" + std::string(69, '1') + "\n \n" + std::string(71, '2') + "\n" + std::string(72, '3') + "\nlast";
-    w.SetText(text);
-    for (const bool palm : {true, false}) {
-      QTest::mouseClick(palm ? w.palm : w.pocket, Qt::LeftButton, Qt::NoModifier, QPoint(8, 10));
-      QCOMPARE(w.palm->isChecked(), palm);
-      QCOMPARE(w.Click(w.save, ""),
-               palm ? "celestrix_satellites.pdbPDB (*.pdb *.PDB)" : "celestrix_satellites.ppcPPC (*.ppc *.PPC)");
-      const QString path = WriteFile(folder_.filePath("-a b%20é"), std::string(9999, 'x'));
-      w.Click(w.save, path);
-      QCOMPARE(ReadFile(path), model::SavedFile(text, palm));
-    }
-    const QString there = WriteFile(folder_.filePath("file"), "") + "/in.it";
-    QString alert;
-    QTimer::singleShot(0, qApp, [&] {
-      auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-      dialog->selectFile(there);
-      TestedWindow::ExpectAlert(&alert);
-      static_cast<QDialog*>(dialog)->done(QDialog::Accepted);  // past the dialog's own look at the place
-    });
-    QTest::mouseClick(w.save, Qt::LeftButton);
-    QTRY_COMPARE(alert, "“" + there + "” could not be created: Not a directory.");
-    QCOMPARE(w.Text(), text);
-  }
-
-  void menusDoWhatTheySay() {
-    TestedWindow w;
-    const QList<QMenu*> menus = w.frame->menuBar()->findChildren<QMenu*>(Qt::FindDirectChildrenOnly);
-    QStringList texts;
-    for (QAction* action : menus.at(0)->actions() + menus.at(1)->actions())
-      texts += action->text() + action->shortcut().toString();
-    QCOMPARE(texts.join('|'),
-             "&QuitCtrl+Q|&UndoCtrl+Z||Cu&tCtrl+X|&CopyCtrl+C|&PasteCtrl+V|&Delete||Select &AllCtrl+A");
-    const auto enabled = [&](const QStringList& names) {
-      for (QAction* action : menus.at(1)->actions())
-        if (!action->isSeparator() && action->isEnabled() != names.contains(action->objectName())) return false;
-      return true;
-    };
-    const auto choose = [&](const char* name) { w.frame->findChild<QAction*>(name)->trigger(); };
-    QGuiApplication::clipboard()->clear();
-    w.browse->setFocus();
-    w.txt->setFocus();
-    QVERIFY(enabled({}));
-    QGuiApplication::clipboard()->setText("pasted");
-    QVERIFY(enabled({"EditPaste"}));
-    choose("EditPaste");
-    QVERIFY(w.Text() == "pasted" && w.save->isEnabled() && enabled({"EditPaste", "EditUndo", "EditSelectAll"}));
-    choose("EditSelectAll");
-    QVERIFY(enabled({"EditPaste", "EditUndo", "EditSelectAll", "EditCut", "EditCopy", "EditClear"}));
-    choose("EditClear");
-    QVERIFY(w.Text().empty() && !w.save->isEnabled());
-    choose("EditUndo"), choose("EditSelectAll"), choose("EditCut");
-    QVERIFY(w.Text().empty() && QGuiApplication::clipboard()->text() == "pasted");
-    w.browse->setFocus();
-    QVERIFY(enabled({}));
-  }
-
-  void preferencesChooseTheFormat() {
+  void drops() {
+    const QString path = WriteFile(folder_.filePath("Windows.TXT"), "a\r\nb\rc\n"), file = "file://" + path;
+    const QString pdf = "file://" + WriteFile(folder_.filePath("x.pdf"), "x"), host = QSysInfo::machineHostName();
+    const QString empty = "file://" + WriteFile(folder_.filePath("empty.txt"), "");
+    const Qt::DropActions both = Qt::CopyAction | Qt::MoveAction;
     // clang-format off
-    const std::map<std::string, int> chosenBy = {{"", 0}, {"0\n", 0}, {"1", 1}, {"1\r\n0", 1}, {"\n1", 0}, {"words", 0}, {"2", -1}, {"1e99", -1}};
+    const std::tuple<QString, QStringList, Qt::DropActions, QString> rows[] = {
+        {{}, {file, pdf}, both, "CopyAction: a\nb\nc\n"},
+        {{}, {empty}, both, "CopyAction: "},
+        {"its name", {pdf, file}, both, "refused: before"},
+        {"text", {"file://localhost" + path}, both, "CopyAction: a\nb\nc\n"},
+        {"text", {"file://" + host.toUpper() + path}, both, "CopyAction: a\nb\nc\n"},
+        {"far", {"file://elsewhere" + path}, both, "CopyAction: far"},
+        {"far", {"https://example.org/a.txt"}, both, "CopyAction: far"},
+        {{}, {"https://example.org/a.txt"}, both, "refused: before"},
+        {{}, {}, both, "refused: before"},
+        {"text", {}, Qt::MoveAction, "refused: before"}};
     // clang-format on
-    for (const auto& [content, chosen] : chosenBy) {  // -1: neither
-      WriteFile(PreferencesPath(), content);
-      TestedWindow w;
-      QCOMPARE(w.palm->isChecked(), chosen == 0);
-      QCOMPARE(w.pocket->isChecked(), chosen == 1);
-      if (chosen != -1) continue;
-      QString alert;
-      TestedWindow::ExpectAlert(&alert);
-      QTRY_VERIFY(alert.contains("FileFormat"));
+    TestedWindow w;
+    for (const auto& [text, files, offered, outcome] : rows) {
+      const QString what = text + files.join(',') + ": ";
+      w.SetText("before");
+      const QString actual = w.Drop(text, files, offered) + ": ";
+      QCOMPARE(what + actual + QString::fromStdString(w.Text()), what + outcome);
+      QCOMPARE(w.save->isEnabled(), outcome != "CopyAction: ");
     }
-    QFile::remove(PreferencesPath());
-    QVERIFY(QDir().mkdir(PreferencesPath()));
-    QVERIFY(TestedWindow().palm->isChecked());
-    QVERIFY(QDir().rmdir(PreferencesPath()));
+  }
+
+  void foreignTextIsFetchedOnlyToPaste() {
+    TestedWindow w;
+    auto* content = new ForeignText;
+    QGuiApplication::clipboard()->setMimeData(content);
+    w.txt->setFocus();
+    QTest::keyClicks(w.txt, "keys");
+    QTest::keyClick(w.txt, Qt::Key_Left, Qt::ShiftModifier);
+    QVERIFY(w.Command("EditPaste")->isEnabled());
+    QCOMPARE(content->fetched, 0);
+    QTest::keyClick(w.txt, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(w.Text(), "key1");
+    w.txt->selectAll();
+    QGuiApplication::clipboard()->setMimeData(new QMimeData);  // as of a program that has ended
+    QTest::keyClick(w.txt, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(w.Text(), "key1");
   }
 
   // The last one: it ends the program.
   void eventsDuringASaveTakeTheirTurn() {
     TestedWindow w;
-    const std::string text = Elements(20000);
-    const QString first = folder_.filePath("first.pdb"),
-                  dropped = WriteFile(folder_.filePath("dropped.txt"), "dropped\n");
-    w.SetText(text);
-    QTRY_VERIFY(w.IsWhole());
-    QStringList happened;
-    QTimer::singleShot(0, qApp, [&] {
-      TestedWindow::AnswerFileDialog(first);
-      const auto during = [&] { return QFile::exists(first) && QApplication::activeModalWidget() == nullptr; };
-      auto* user = new QTimer(qApp);
-      QObject::connect(user, &QTimer::timeout, qApp, [&, during, user] {
-        if (!during()) return;
-        user->deleteLater();
-        TestedWindow::AnswerFileDialog(first);
-        QTest::mouseClick(w.save, Qt::LeftButton);  // the same place again
-        QTest::mouseClick(w.pocket, Qt::LeftButton, Qt::NoModifier, QPoint(8, 10));
-        QTest::keyClick(w.txt, Qt::Key_X);
-        QMimeData mime;
-        mime.setUrls({QUrl::fromLocalFile(dropped)});
-        w.Drop(mime);
-        w.frame->close();
-        w.DropText("too late");
-        if (w.palm->isChecked() && w.frame->isVisible() && ReadFile(first).size() < 78 + 221 * 20000)
-          happened += "during";
-      });
-      user->start(0);
-    });
-    w.Click(w.save, first);
-    QCOMPARE(happened, QStringList("during"));
-    QVERIFY(ReadFile(first) == model::SavedFile("x" + text, true));  // by the second save, in its turn
+    const QString path = folder_.filePath("saved.ppc"), file = WriteFile(folder_.filePath("dropped.txt"), "dropped\n");
+    w.SetText(kLongText);
+    QTRY_VERIFY_WITH_TIMEOUT(w.IsWhole(), 20000);
+    TestedWindow::Choose(w.pocket);
+    QStringList then;
+    w.user.afterDialogs = [&] {
+      w.palm->setChecked(true);                   // as accessibility clients do; the file is of the format chosen last
+      QTest::mouseClick(w.save, Qt::LeftButton);  // as the system ends the program, its dialog is not shown
+      TestedWindow::Choose(w.pocket);
+      QTest::keyClick(w.txt, Qt::Key_X);
+      then += w.Drop({}, {"file://" + file});
+      RequestQuitBySystem();
+      w.Drop("too late");
+      if (w.palm->isChecked()) then += "still Palm";
+      if (w.frame->isVisible()) then += "still open";
+      if (ReadFile(path).size() < 78 + 221 * 8000) then += "still saving";
+    };
+    w.Click(w.save, path);
+    QCOMPARE(then, QStringList({"CopyAction", "still Palm", "still open", "still saving"}));
+    QCOMPARE(ReadFile(path), model::SavedFile(kLongText.toStdString(), true));
     QCOMPARE(w.Text(), "dropped\n");
-    QTest::mouseClick(w.palm, Qt::LeftButton, Qt::NoModifier, QPoint(8, 10));  // and so is this
-    QVERIFY(w.pocket->isChecked());
+    TestedWindow::Choose(w.palm);
+    QVERIFY(w.pocket->isChecked());  // nothing happens any more
     QCOMPARE(ReadFile(PreferencesPath()), "1\n");
   }
 
@@ -285,9 +285,5 @@ class TestWindow : public QObject {
   QTemporaryDir folder_;
 };
 
-int main(int argc, char** argv) {
-  Program program(argc, argv);
-  TestWindow test;
-  return QTest::qExec(&test, argc, argv);
-}
+int main(int argc, char** argv) { return RunTest<TestWindow>(argc, argv); }
 #include "test_window.moc"

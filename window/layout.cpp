@@ -1,8 +1,5 @@
 // The layout of the window: a table of its controls, in the order in which they are made, which is also the
 // order in which Tab visits them.
-#include <functional>
-#include <vector>
-
 #include "core/save_command.h"
 #include "services/ui/application.h"
 #include "window/menu_bar.h"
@@ -12,47 +9,36 @@ namespace celestrix {
 
 namespace {
 
-constexpr WindowProperties kWindow = {.Title = "Celestrix Satellite Encoder",
-                                      .Width = 506,
-                                      .Height = 426,
-                                      .MinWidth = 64,
-                                      .MinHeight = 64,
-                                      .MaxWidth = 32000,
-                                      .MaxHeight = 32000};
-
-constexpr Color kGrey = {0x7F, 0x7F, 0x7F};
+// clang-format off
+constexpr WindowProperties kWindow = {
+  .Title = "Celestrix Satellite Encoder",
+  .Width = 506, .Height = 426, .MinWidth = 64, .MinHeight = 64, .MaxWidth = 32000, .MaxHeight = 32000};
+// clang-format on
 
 constexpr char kInstructions[] =
     "Drag and drop a text file containing satellite elements onto the field below, or use the Browse... button, or "
     "copy and paste the text file contents into the field. Then click the Save... button to create the Celestrix file.";
 
-struct HandlerRow {
-  const char* event;
-  std::function<void(Window1&, const Event&)> handler;
-};
-
 struct ControlRow {
   Ref<RectControl> control;
   ControlProperties properties;
-  std::vector<HandlerRow> handlers;
+  std::vector<std::pair<const char*, EventHandler>> handlers;
 };
 
-void Install(const Ref<RectControl>& control, const HandlerRow& row) {
-  _InstallInstanceEventHandler(control, row.event, [handler = row.handler](const Ref<Control>& me, const Event& event) {
-    const Ref<Window1> self = RuntimeSwapSelfAndMe(me).As<Window1>();
-    handler(*self, event);
-  });
+/// A handler that needs nothing of what the event says.
+EventHandler Call(void (Window1::*handler)()) {
+  return [handler](const Ref<Window>& self, const Event&) { ((*self.As<Window1>()).*handler)(); };
 }
 
 }  // namespace
 
 Ref<Window1> Window1::Shared() {
   const String className = "Window1.Window1"_s;
-  if (!ImplicitWindow(className)) {
-    AddImplicitWindow(className, New<Window1>());
-    ImplicitWindow(className)->Open();
-  }
-  return ImplicitWindow(className).As<Window1>();
+  if (const Ref<Window> open = ImplicitWindow(className)) return open.As<Window1>();
+  Ref<Window1> window = New<Window1>();
+  AddImplicitWindow(className, window);
+  window->Open();
+  return window;
 }
 
 void Window1::Layout() {
@@ -67,40 +53,37 @@ void Window1::_CreateControls0() {
   const ControlRow rows[] = {
     {New<StaticText>(), {.Name = "StaticText1",
       .Left = 20, .Top = 14, .Width = 466, .Height = 55, .Locks = kLeft | kTop | kRight,
-      .Caption = kInstructions, .TextColor = kGrey}, {}},
+      .Caption = kInstructions, .TextColor = 0x7F7F7F}, {}},
     {New<EditField>(), {.Name = "txt",
       .Left = 20, .Top = 81, .Width = 466, .Height = 275, .Locks = kLeft | kTop | kRight | kBottom},
-      {{"Open",       [](Window1& self, const Event&) { self.txt_Open(); }},
-       {"DropObject", [](Window1& self, const Event& event) { self.txt_DropObject(event.item, event.action); }},
-       {"TextChange", [](Window1& self, const Event&) { self.txt_TextChange(); }}}},
+      {{"Open", Call(&Window1::txt_Open)},
+       {"DropObject", [](const Ref<Window>& self, const Event& event) {
+         self.As<Window1>()->txt_DropObject(event.item, event.action); }},
+       {"TextChange", Call(&Window1::txt_TextChange)}}},
     {New<PushButton>(), {.Name = "BrowseBtn",
       .Left = 20, .Top = 380, .Width = 80, .Height = 20, .Locks = kLeft | kBottom, .Caption = "Browse..."},
-      {{"Action",     [](Window1& self, const Event&) { self.BrowseBtn_Action(); }}}},
+      {{"Action", Call(&Window1::BrowseBtn_Action)}}},
     {New<PushButton>(), {.Name = "SaveBtn",
       .Left = 406, .Top = 380, .Width = 80, .Height = 20, .Locks = kRight | kBottom, .Caption = "Save...",
       .Enabled = false},
-      {{"Action",     [](Window1& self, const Event&) { self.SaveBtn_Action(); }}}},
+      {{"Action", [](const Ref<Window>& self, const Event&) { SaveBtn_Action(self); }}}},
     {New<GroupBox>(), {.Name = "GroupBox1",
       .Left = 143, .Top = 360, .Width = 221, .Height = 46, .Locks = kLeft | kBottom,
       .Caption = "Celestrix file format"}, {}},
-    {New<FileFormat>(0), {.Name = "FileFormat", .Index = 0,
+    {New<FileFormat>(0), {.Name = "FileFormat",
       .Left = 153, .Top = 380, .Width = 81, .Height = 20, .InitialParent = "GroupBox1",
       .Caption = "Palm (PDB)"}, {}},
-    {New<FileFormat>(1), {.Name = "FileFormat", .Index = 1,
+    {New<FileFormat>(1), {.Name = "FileFormat",
       .Left = 246, .Top = 380, .Width = 110, .Height = 20, .InitialParent = "GroupBox1",
       .Caption = "Pocket PC (PPC)"}, {}},
   };
   // clang-format on
   for (const ControlRow& row : rows) {
-    const String name(std::string_view(row.properties.Name));
-    AddControl(name, row.control);
-    const Ref<RectControl> control = ControlNamed<RectControl>(name, row.properties.Index);
-    _SetProperties(control, row.properties);
-    for (const HandlerRow& handler : row.handlers) Install(control, handler);
+    AddControl(String(std::string_view(row.properties.Name)), row.control);
+    _SetProperties(row.control, row.properties);
+    for (const auto& [event, handler] : row.handlers) _InstallInstanceEventHandler(row.control, event, handler);
   }
 }
-
-void Window1::SaveBtn_Action() { celestrix::SaveBtn_Action(Self()); }
 
 Ref<Window1> Window1::Self() { return Ref<Window>(shared_from_this()).As<Window1>(); }
 

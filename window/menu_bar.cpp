@@ -6,18 +6,13 @@ namespace {
 
 Ref<MenuBar1> shared;
 
-struct Row {
-  String Name;
-  String Text;
-  String KeyboardShortcut;
-};
-
 template <class Item>
-Ref<MenuItem> NewItem(const Row& row) {
+Ref<MenuItem> NewItem(const String& name, const String& text, const String& shortcut) {
   Ref<Item> item = New<Item>();
-  item->Name = row.Name;
-  item->Text = row.Text;
-  item->KeyboardShortcut = row.KeyboardShortcut;
+  item->Name = name;
+  item->Text = text;
+  item->KeyboardShortcut = shortcut;
+  item->AutoEnable = true;
   return item;
 }
 
@@ -29,23 +24,23 @@ MenuBar1::MenuBar1() {
 }
 
 void MenuBar1::Untitled0() {
-  Append(NewItem<MenuItem>({"FileMenu"_s, "&File"_s, {}}));
-  Child("FileMenu"_s)->Append(NewItem<QuitMenuItem>({"FileQuit"_s, "&Quit"_s, "Cmd+Q"_s}));
+  Append(NewItem<MenuItem>("FileMenu"_s, "&File"_s, {}));
+  Child("FileMenu"_s)->Append(NewItem<QuitMenuItem>("FileQuit"_s, "&Quit"_s, "Cmd+Q"_s));
 }
 
 void MenuBar1::Untitled1() {
-  Append(NewItem<MenuItem>({"EditMenu"_s, "&Edit"_s, {}}));
-  const Row rows[] = {
-      {"EditUndo"_s, "&Undo"_s, "Cmd+Z"_s},
-      {{}, "-"_s, {}},
-      {"EditCut"_s, "Cu&t"_s, "Cmd+X"_s},
-      {"EditCopy"_s, "&Copy"_s, "Cmd+C"_s},
-      {"EditPaste"_s, "&Paste"_s, "Cmd+V"_s},
-      {"EditClear"_s, "&Delete"_s, {}},  // the framework's name for the command, and our text for it
-      {{}, "-"_s, {}},
-      {"EditSelectAll"_s, "Select &All"_s, "Cmd+A"_s},
+  Append(NewItem<MenuItem>("EditMenu"_s, "&Edit"_s, {}));
+  const auto append = [this](const String& name, const String& text, const String& shortcut) {
+    Child("EditMenu"_s)->Append(NewItem<MenuItem>(name, text, shortcut));
   };
-  for (const Row& row : rows) Child("EditMenu"_s)->Append(NewItem<MenuItem>(row));
+  append("EditUndo"_s, "&Undo"_s, "Cmd+Z"_s);
+  append({}, "-"_s, {});
+  append("EditCut"_s, "Cu&t"_s, "Cmd+X"_s);
+  append("EditCopy"_s, "&Copy"_s, "Cmd+C"_s);
+  append("EditPaste"_s, "&Paste"_s, "Cmd+V"_s);
+  append("EditClear"_s, "&Delete"_s, {});  // the framework's name for the command, and our text for it
+  append({}, "-"_s, {});
+  append("EditSelectAll"_s, "Select &All"_s, "Cmd+A"_s);
 }
 
 Ref<MenuBar1> MenuBar1::Shared() {

@@ -3,7 +3,8 @@
 //   layout.cpp            its controls, their places and their event handlers
 //   text_acquisition.cpp  how text gets into the field: txt_Open, txt_DropObject, txt_TextChange, BrowseBtn_Action
 //   preferences.cpp       the remembered format choice: Event_Open, Event_Close
-//   core/save_command.h   SaveBtn_Action
+//
+// SaveBtn_Action, the handler of "Save...", is core/save_command.h.
 #pragma once
 
 #include "services/ui/window.h"
@@ -25,7 +26,17 @@ class Window1 : public Window {
   void txt_DropObject(const Ref<DragItem>& item, std::int32_t action);
   void txt_TextChange();
   void BrowseBtn_Action();
-  void SaveBtn_Action();
+
+  /// The menu items by their names, wherever in the window's menu bar they are.
+  Ref<MenuItem> FileMenu() { return MenuBar()->Descendant("FileMenu"_s); }
+  Ref<QuitMenuItem> FileQuit() { return MenuBar()->Descendant("FileQuit"_s).As<QuitMenuItem>(); }
+  Ref<MenuItem> EditMenu() { return MenuBar()->Descendant("EditMenu"_s); }
+  Ref<MenuItem> EditUndo() { return MenuBar()->Descendant("EditUndo"_s); }
+  Ref<MenuItem> EditCut() { return MenuBar()->Descendant("EditCut"_s); }
+  Ref<MenuItem> EditCopy() { return MenuBar()->Descendant("EditCopy"_s); }
+  Ref<MenuItem> EditPaste() { return MenuBar()->Descendant("EditPaste"_s); }
+  Ref<MenuItem> EditClear() { return MenuBar()->Descendant("EditClear"_s); }
+  Ref<MenuItem> EditSelectAll() { return MenuBar()->Descendant("EditSelectAll"_s); }
 
  protected:
   void Layout() override;

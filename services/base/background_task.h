@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <utility>
 
 namespace celestrix {
 
@@ -17,17 +18,22 @@ class BackgroundTask {
 
   /// Makes this the task, in place of the last one, and lets it run at the next pass. Without a task a
   /// yield does nothing.
-  static void Install(Task task);
+  static void Install(Task task) {
+    task_ = std::move(task);
+    passesLeft_ = 0;
+  }
 
  private:
   friend void RuntimeBackgroundTask();
-  static void Run();
+  static inline Task task_;
   static inline std::int32_t passesLeft_ = 0;
 };
 
 /// Lets the event loop handle pending events, if any are due.
 inline void RuntimeBackgroundTask() {
-  if (--BackgroundTask::passesLeft_ <= 0) BackgroundTask::Run();
+  if (--BackgroundTask::passesLeft_ > 0) return;
+  BackgroundTask::passesLeft_ = INT32_MAX;  // also for the yields within the task itself
+  if (BackgroundTask::task_) BackgroundTask::passesLeft_ = BackgroundTask::task_();
 }
 
 }  // namespace celestrix

@@ -8,20 +8,23 @@
 
 namespace celestrix {
 
+namespace {
+
+/// Where a block may begin: a large page must begin at a multiple of its size.
+std::align_val_t Alignment(std::size_t size) {
+  return std::align_val_t(size < kLargePageSize ? alignof(std::max_align_t) : kLargePageSize);
+}
+
+}  // namespace
+
 void* AllocateBlock(std::size_t size) {
-  if (size < kLargePageSize) return ::operator new(size);
-  void* block = ::operator new(size, std::align_val_t(kLargePageSize));
+  void* block = ::operator new(size, Alignment(size));
 #ifdef __linux__
-  madvise(block, size, MADV_HUGEPAGE);
+  if (size >= kLargePageSize) madvise(block, size, MADV_HUGEPAGE);
 #endif
   return block;
 }
 
-void FreeBlock(void* block, std::size_t size) {
-  if (size < kLargePageSize)
-    ::operator delete(block);
-  else
-    ::operator delete(block, std::align_val_t(kLargePageSize));
-}
+void FreeBlock(void* block, std::size_t size) { ::operator delete(block, Alignment(size)); }
 
 }  // namespace celestrix

@@ -4,6 +4,13 @@
 
 namespace celestrix {
 
+void BinaryStream::Position(std::uint64_t position) {
+  // The file writes out its buffer at every move, also at one to where it stands.
+  if (position == position_) return;
+  file_.pubseekpos(static_cast<std::streamoff>(position));
+  position_ = position;
+}
+
 void BinaryStream::WriteInteger(std::int32_t value, std::size_t size) {
   std::array<char, 4> bytes{};
   for (std::size_t i = 0; i < size; ++i) {
@@ -13,31 +20,9 @@ void BinaryStream::WriteInteger(std::int32_t value, std::size_t size) {
   WriteBytes({bytes.data(), size});
 }
 
-void BinaryStream::WriteThrough(std::string_view bytes) {
-  // Whole buffers, so that every write begins and ends with a page of the file.
-  while (!bytes.empty()) {
-    const std::size_t fits = bytes.copy(buffer_.get() + used_, kBufferSize - used_);
-    used_ += fits;
-    bytes.remove_prefix(fits);
-    if (used_ == kBufferSize) Flush();
-  }
-}
-
-void BinaryStream::MoveTo(std::uint64_t position) {
-  Flush();
-  start_ = position;
-  file_.pubseekpos(static_cast<std::streamoff>(position));
-}
-
-void BinaryStream::Flush() {
-  file_.sputn(buffer_.get(), static_cast<std::streamsize>(used_));
-  start_ += used_;
-  used_ = 0;
-}
-
-void BinaryStream::Close() {
-  Flush();
-  file_.close();
+void BinaryStream::WriteBytes(std::string_view bytes) {
+  file_.sputn(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  position_ += bytes.size();
 }
 
 }  // namespace celestrix

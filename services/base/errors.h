@@ -26,10 +26,13 @@ class OutOfBoundsException : public RuntimeException {
   using RuntimeException::RuntimeException;
 };
 
-[[noreturn]] void RaiseNilObjectException(const std::string* whyNull);
-[[noreturn]] void RaiseOutOfBoundsException(int index, int upperBound);
+[[noreturn]] inline void RaiseNilObjectException(const std::string* whyNull) {
+  throw NilObjectException(whyNull != nullptr ? *whyNull : "An object that does not exist was used.");
+}
 
-/// The text that describes an error to the user, whatever its type.
-std::string ErrorText(const std::exception& error);
+[[noreturn]] inline void RaiseOutOfBoundsException(int index, int upperBound) {
+  throw OutOfBoundsException("There is no element " + std::to_string(index) + " in an array that ends at " +
+                             std::to_string(upperBound) + ".");
+}
 
 }  // namespace celestrix

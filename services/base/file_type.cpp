@@ -7,32 +7,28 @@ namespace celestrix {
 
 namespace {
 
-std::deque<RegisteredFileType>& Register() {
-  static std::deque<RegisteredFileType> types;  // a deque: what it holds stays where it is
-  return types;
-}
+std::deque<FileType> registeredTypes;  // a deque: what it holds stays where it is
 
 char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 }  // namespace
 
-bool RegisteredFileType::Matches(std::string_view fileName) const {
+bool FileType::Matches(std::string_view fileName) const {
   const std::string_view extension = Extensions.Bytes();
-  return fileName.size() >= extension.size() &&
-         std::equal(extension.begin(), extension.end(), fileName.end() - static_cast<std::ptrdiff_t>(extension.size()),
-                    [](char a, char b) { return LowerAscii(a) == LowerAscii(b); });
+  if (fileName.size() < extension.size()) return false;
+  return std::ranges::equal(fileName.substr(fileName.size() - extension.size()), extension, {}, LowerAscii, LowerAscii);
 }
 
 FileType::operator String() {
-  if (!registered_) RuntimeRegisterFileType({Name, MacCreator, MacType, Extensions});
+  if (!registered_) RuntimeRegisterFileType(*this);
   registered_ = true;
   return Name;
 }
 
-void RuntimeRegisterFileType(RegisteredFileType type) { Register().push_back(std::move(type)); }
+void RuntimeRegisterFileType(const FileType& type) { registeredTypes.push_back(type); }
 
-const RegisteredFileType& RegisteredFileTypeNamed(const String& name) {
-  for (const RegisteredFileType& type : Register())
+const FileType& RegisteredFileTypeNamed(const String& name) {
+  for (const FileType& type : registeredTypes)
     if (type.Name == name) return type;
   throw RuntimeException("There is no file type “" + std::string(name.Bytes()) + "”.");
 }

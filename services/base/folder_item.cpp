@@ -1,9 +1,9 @@
 #include "services/base/folder_item.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <fstream>
+#include <ios>
 #include <optional>
-#include <string>
 #include <system_error>
 
 #include "services/base/file_type.h"
@@ -15,13 +15,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string PathText(const fs::path& path) {
-  const std::u8string text = path.u8string();
-  return {text.begin(), text.end()};
-}
-
-std::string CouldNot(const char* done, const fs::path& path, const std::string& reason) {
-  return "“" + PathText(path) + "” could not be " + done + ": " + reason + ".";
+std::string CouldNot(const char* done, fs::path path, const std::string& reason) {
+  const std::u8string name = path.make_preferred().u8string();  // as the system writes paths
+  return "“" + std::string(name.begin(), name.end()) + "” could not be " + done + ": " + reason + ".";
 }
 
 std::string SystemReason() { return std::generic_category().message(errno); }
@@ -29,33 +25,35 @@ std::string SystemReason() { return std::generic_category().message(errno); }
 /// Why what stands at the path must not be opened; nothing where opening it may be tried.
 std::optional<std::string> WhyNotAFile(const fs::path& path, bool forWriting) {
   std::error_code error;
-  switch (fs::status(path, error).type()) {
-    case fs::file_type::regular:
-    case fs::file_type::not_found:  // a new file, or else opening it has the better reason
-      return std::nullopt;
-    case fs::file_type::directory:
-      return std::generic_category().message(EISDIR);
-    case fs::file_type::none:
-      return error.message();
-    case fs::file_type::character:
-      if (forWriting) return std::nullopt;
-      [[fallthrough]];
-    default:
-      return "It is not a file";
-  }
+  const fs::file_status status = fs::status(path, error);
+  if (status.type() == fs::file_type::none) return error.message();
+  if (fs::is_directory(status)) return std::generic_category().message(EISDIR);
+  // Where there is nothing, a new file may be made; if it is not, opening it has the better reason.
+  const bool mayTry =
+      fs::is_regular_file(status) || !fs::exists(status) || (forWriting && fs::is_character_file(status));
+  return mayTry ? std::nullopt : std::optional<std::string>("It is not a file");
 }
 
-/// Creates the file empty; on failure `whyNot` says why.
-std::filebuf CreateEmpty(const fs::path& path, std::string& whyNot) {
-  std::filebuf file;
-  if (const auto reason = WhyNotAFile(path, true)) {
-    whyNot = CouldNot("created", path, *reason);
-    return file;
+/// Creates the file empty and opens it; returns why that failed, or "".
+std::string CreateEmpty(const fs::path& path, std::filebuf& file) {
+  if (const auto reason = WhyNotAFile(path, true)) return CouldNot("created", path, *reason);
+  const bool isOpen = file.open(path, std::ios::out | std::ios::binary | std::ios::trunc) != nullptr;
+  return isOpen ? "" : CouldNot("created", path, SystemReason());
+}
+
+/// All bytes of the file up to its end, which need not be where the system says: some file systems say 0 for a file
+/// that has content, and a file may grow while it is read. Null where it is too large.
+std::optional<String> ReadToEnd(std::filebuf& file, std::uint64_t expectedLength) {
+  constexpr std::uint64_t kLeastRoom = 4096;
+  // More room than bytes: that is how the end shows.
+  for (std::uint64_t room = std::max(expectedLength + 1, kLeastRoom); room <= String::kMaxSize; room *= 2) {
+    file.pubseekpos(0);
+    String bytes = String::Build(room, [&](char* start) {
+      return static_cast<std::size_t>(file.sgetn(start, static_cast<std::streamsize>(room)));
+    });
+    if (bytes.Bytes().size() < room) return bytes;
   }
-  file.pubsetbuf(nullptr, 0);  // the streams have buffers of their own
-  if (file.open(path, std::ios::out | std::ios::binary | std::ios::trunc) == nullptr)
-    whyNot = CouldNot("created", path, SystemReason());
-  return file;
+  return std::nullopt;
 }
 
 }  // namespace
@@ -91,32 +89,33 @@ Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
     return Ref<TextInputStream>::Nil(CouldNot("opened", path_, reason));
   };
   if (const auto reason = WhyNotAFile(path_, false)) return nil(*reason);
-  const std::uint64_t length = Length();
-  if (length > String::kMaxSize) return nil("It is too large");
-
   std::filebuf file;
-  file.pubsetbuf(nullptr, 0);
+  file.pubsetbuf(nullptr, 0);  // it is read in one piece
   if (file.open(path_, std::ios::in | std::ios::binary) == nullptr) return nil(SystemReason());
-  const String bytes = String::Build(length, [&](char* room) {
-    return static_cast<std::size_t>(file.sgetn(room, static_cast<std::streamsize>(length)));
-  });
-  return New<TextInputStream>(DecodeText(bytes));
+  try {
+    const auto bytes = ReadToEnd(file, Length());
+    return bytes ? New<TextInputStream>(DecodeText(*bytes)) : nil("It is too large");
+  } catch (const std::ios_base::failure& error) {  // a read that failed in the middle
+    return nil(error.code().message());
+  }
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() const {
   std::error_code error;
   fs::create_directories(path_.parent_path(), error);
   if (error) return Ref<TextOutputStream>::Nil(CouldNot("created", path_, error.message()));
-  std::string whyNot;
-  std::filebuf file = CreateEmpty(path_, whyNot);
-  return file.is_open() ? New<TextOutputStream>(std::move(file)) : Ref<TextOutputStream>::Nil(whyNot);
+  std::filebuf file;
+  const std::string whyNot = CreateEmpty(path_, file);
+  return whyNot.empty() ? New<TextOutputStream>(std::move(file)) : Ref<TextOutputStream>::Nil(whyNot);
 }
 
 Ref<BinaryStream> FolderItem::CreateBinaryFile(const String& fileType) const {
   RegisteredFileTypeNamed(fileType);
-  std::string whyNot;
-  std::filebuf file = CreateEmpty(path_, whyNot);
-  return file.is_open() ? New<BinaryStream>(std::move(file)) : Ref<BinaryStream>::Nil(whyNot);
+  auto buffer = std::make_unique_for_overwrite<char[]>(BinaryStream::kBufferSize);
+  std::filebuf file;
+  file.pubsetbuf(buffer.get(), BinaryStream::kBufferSize);
+  const std::string whyNot = CreateEmpty(path_, file);
+  return whyNot.empty() ? New<BinaryStream>(std::move(buffer), std::move(file)) : Ref<BinaryStream>::Nil(whyNot);
 }
 
 }  // namespace celestrix

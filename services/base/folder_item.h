@@ -5,11 +5,9 @@
 // a null stream that knows the system's reason.
 #pragma once
 
-#include <cstdint>
 #include <filesystem>
 
 #include "services/base/binary_stream.h"
-#include "services/base/string.h"
 #include "services/base/text_stream.h"
 
 namespace celestrix {
@@ -17,8 +15,6 @@ namespace celestrix {
 class FolderItem {
  public:
   explicit FolderItem(std::filesystem::path path) : path_(std::move(path)) {}
-
-  const std::filesystem::path& Path() const { return path_; }
 
   /// The entry of that name inside this folder, whether or not it exists.
   Ref<FolderItem> Child(const String& name) const;
@@ -31,8 +27,8 @@ class FolderItem {
   /// Removes the file. Does nothing where there is none, and leaves a folder alone.
   void Delete() const;
 
-  /// Opens the existing file for reading text. Null when it is no readable regular file, or longer than
-  /// String::kMaxSize, which is also what a text field can hold.
+  /// Opens the existing file for reading text, and reads it to its end. Null when it is no regular file, cannot be
+  /// read from start to end, or does not fit a String, which is also what a text field can hold.
   Ref<TextInputStream> OpenAsTextFile() const;
   /// Creates the file empty, in place of what stood there, and opens it for writing text. The folders that it is
   /// in are made if they do not exist.

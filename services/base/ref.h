@@ -10,7 +10,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <string>
 #include <utility>
 
 #include "services/base/errors.h"
@@ -42,8 +41,6 @@ class Ref {
     if (!object_) RaiseNilObjectException(whyNull_.get());
     return *object_;
   }
-
-  friend bool operator==(const Ref& a, const Ref& b) { return a.object_ == b.object_; }
 
   /// The same object as a T2, checked; null where it is none. A null reference stays the same null.
   template <class T2>

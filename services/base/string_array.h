@@ -10,8 +10,6 @@
 // once at the most, however many are removed.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
 #include <vector>
 
 #include "services/base/big_block.h"

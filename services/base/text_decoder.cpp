@@ -1,99 +1,98 @@
 #include "services/base/text_decoder.h"
 
-#include <iconv.h>
-
-#include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstdint>
-#include <string_view>
 
 namespace celestrix {
 
 namespace {
 
-// The most UTF-8 bytes that one byte of either encoding can become: a euro sign of Windows-1252 takes three.
-constexpr std::size_t kWindows1252Growth = 3;
-constexpr std::size_t kUtf16Growth = 2;  // three bytes for two, and three for a single one at the end
-constexpr std::string_view kReplacementCharacter = "\uFFFD";
+constexpr char32_t kReplacementCharacter = 0xFFFD;
+constexpr std::size_t kLongestCharacter = 3;  // in UTF-8 bytes, of one UTF-16 unit or one byte of Windows-1252
 
-/// The system's converter from one encoding to another.
-class Converter {
- public:
-  Converter(const char* from, const char* to) : converter_(iconv_open(to, from)) {
-    if (converter_ == iconv_t(-1)) throw RuntimeException(std::string("This system cannot read ") + from + " text.");
-  }
-  ~Converter() { iconv_close(converter_); }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-
-  /// Converts until the input or the room ends, or at the first input that stands for no character.
-  /// Moves both past what is done, and returns 0, or the reason to stop as an errno.
-  int Convert(std::string_view& in, char*& out, std::size_t room) {
-    auto* source = const_cast<char*>(in.data());  // iconv's interface predates const
-    std::size_t left = in.size();
-    const bool done = iconv(converter_, &source, &left, &out, &room) != std::size_t(-1);
-    in.remove_prefix(in.size() - left);
-    return done ? 0 : errno;
-  }
-
- private:
-  iconv_t converter_;
+/// What the bytes 0x80 to 0x9F of Windows-1252 stand for; all others stand for the code point of their own number.
+constexpr std::array<char32_t, 32> kWindows1252From80 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-/// The first byte at or behind `begin` that is not ASCII (or that is, with `ascii`).
+unsigned char At(std::string_view bytes, std::size_t index) { return static_cast<unsigned char>(bytes[index]); }
+
+/// The first byte at or behind `begin` that is not ASCII.
 std::size_t FindNonAscii(std::string_view text, std::size_t begin) {
   constexpr std::size_t kStep = 64;  // a loop without a way out in the middle, which the compiler makes wide
   for (; begin + kStep <= text.size(); begin += kStep) {
     unsigned char seen = 0;
-    for (std::size_t i = 0; i < kStep; ++i) seen |= static_cast<unsigned char>(text[begin + i]);
+    for (std::size_t i = 0; i < kStep; ++i) seen |= At(text, begin + i);
     if (seen >= 0x80) break;
   }
-  while (begin < text.size() && static_cast<unsigned char>(text[begin]) < 0x80) ++begin;
+  while (begin < text.size() && At(text, begin) < 0x80) ++begin;
   return begin;
 }
 
-bool IsValidUtf8(std::string_view text) {
-  // No character of UTF-8 has ASCII bytes in it, so each run of others can be looked at by itself.
-  std::size_t begin = FindNonAscii(text, 0);
-  if (begin == text.size()) return true;
+/// The size of the character that the text begins with, which is not ASCII; 0 where it is not valid UTF-8.
+std::size_t SizeOfFirstCharacter(std::string_view text) {
+  const unsigned char lead = At(text, 0);
+  const std::size_t size = lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+  if (size == 0 || size > text.size()) return 0;
+  for (std::size_t i = 1; i < size; ++i)
+    if ((At(text, i) & 0xC0) != 0x80) return 0;
+  const unsigned char second = At(text, 1);
+  const bool tooLong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
+  const bool surrogate = lead == 0xED && second >= 0xA0;
+  const bool beyondUnicode = lead == 0xF4 && second >= 0x90;
+  return tooLong || surrogate || beyondUnicode ? 0 : size;
+}
 
-  // To UTF-16, because that has no room for the numbers beyond U+10FFFF; to UTF-8, some converters let them pass.
-  Converter converter("UTF-8", "UTF-16LE");
-  std::array<char, 4096> ignored{};
-  while (begin < text.size()) {
-    const char* const end = std::find_if(text.data() + begin, text.data() + text.size(),
-                                         [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
-    std::string_view run = text.substr(begin, static_cast<std::size_t>(end - (text.data() + begin)));
-    begin += run.size();
-    while (!run.empty()) {
-      char* out = ignored.data();
-      const int stop = converter.Convert(run, out, ignored.size());
-      if (stop != 0 && stop != E2BIG) return false;
-    }
-    begin = FindNonAscii(text, begin);
+bool IsValidUtf8(std::string_view text) {
+  for (std::size_t at = 0; (at = FindNonAscii(text, at)) < text.size();) {
+    const std::size_t size = SizeOfFirstCharacter(text.substr(at));
+    if (size == 0) return false;
+    at += size;
   }
   return true;
 }
 
-/// Writes what stands for the input that the converter refused, and moves past it.
-void Replace(std::string_view& in, char*& out, bool utf16) {
-  if (utf16) {
-    out += kReplacementCharacter.copy(out, kReplacementCharacter.size());
-    in.remove_prefix(std::min<std::size_t>(in.size(), 2));
-  } else {
-    *out++ = '\xC2';  // U+0081 to U+009D are C2 81 to C2 9D
-    *out++ = in.front();
-    in.remove_prefix(1);
-  }
+/// Writes the character's UTF-8 form and returns where it ends.
+char* PutUtf8(char* out, char32_t c) {
+  const unsigned more = c < 0x80 ? 0 : c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;  // bytes behind the first
+  const char32_t mark = more == 0 ? 0 : 0xFF00U >> (more + 1);               // of a first byte
+  *out++ = static_cast<char>(mark | c >> 6 * more);
+  for (unsigned left = more; left-- > 0;) *out++ = static_cast<char>(0x80 | (c >> 6 * left & 0x3F));
+  return out;
 }
 
-String Decode(std::string_view bytes, const char* encoding, bool utf16) {
-  const std::size_t room = utf16 ? bytes.size() * kUtf16Growth + 3 : bytes.size() * kWindows1252Growth;
-  Converter converter(encoding, "UTF-8");
-  return String::Build(room, [&](char* const start) {
+bool IsHighSurrogate(char32_t unit) { return (unit & 0xFC00) == 0xD800; }
+bool IsLowSurrogate(char32_t unit) { return (unit & 0xFC00) == 0xDC00; }
+
+String DecodeUtf16(std::string_view bytes, bool littleEndian) {
+  const std::size_t units = bytes.size() / 2;
+  const auto unitAt = [&](std::size_t i) -> char32_t {
+    const unsigned first = At(bytes, 2 * i), second = At(bytes, 2 * i + 1);
+    return littleEndian ? second << 8 | first : first << 8 | second;
+  };
+  return String::Build((units + 1) * kLongestCharacter, [&](char* const start) {
     char* out = start;
-    while (converter.Convert(bytes, out, room - static_cast<std::size_t>(out - start)) != 0) Replace(bytes, out, utf16);
+    for (std::size_t i = 0; i < units; ++i) {
+      char32_t c = unitAt(i);
+      if (IsHighSurrogate(c) && i + 1 < units && IsLowSurrogate(unitAt(i + 1)))
+        c = 0x10000 + ((c & 0x3FF) << 10) + (unitAt(++i) & 0x3FF);
+      else if (IsHighSurrogate(c) || IsLowSurrogate(c))
+        c = kReplacementCharacter;
+      out = PutUtf8(out, c);
+    }
+    if (bytes.size() % 2 != 0) out = PutUtf8(out, kReplacementCharacter);
+    return static_cast<std::size_t>(out - start);
+  });
+}
+
+String DecodeWindows1252(std::string_view bytes) {
+  return String::Build(bytes.size() * kLongestCharacter, [&](char* const start) {
+    char* out = start;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+      const unsigned char code = At(bytes, i);
+      out = PutUtf8(out, code >= 0x80 && code < 0xA0 ? kWindows1252From80[code - 0x80U] : code);
+    }
     return static_cast<std::size_t>(out - start);
   });
 }
@@ -102,10 +101,10 @@ String Decode(std::string_view bytes, const char* encoding, bool utf16) {
 
 String DecodeText(const String& bytes) {
   const std::string_view all = bytes.Bytes();
-  if (all.starts_with("\xFF\xFE")) return Decode(all.substr(2), "UTF-16LE", true);
-  if (all.starts_with("\xFE\xFF")) return Decode(all.substr(2), "UTF-16BE", true);
+  if (all.starts_with("\xFF\xFE")) return DecodeUtf16(all.substr(2), true);
+  if (all.starts_with("\xFE\xFF")) return DecodeUtf16(all.substr(2), false);
   const String text = all.starts_with("\xEF\xBB\xBF") ? bytes.Slice(3) : bytes;
-  return IsValidUtf8(text.Bytes()) ? text : Decode(text.Bytes(), "WINDOWS-1252", false);
+  return IsValidUtf8(text.Bytes()) ? text : DecodeWindows1252(text.Bytes());
 }
 
 }  // namespace celestrix

@@ -1,11 +1,8 @@
 // The runtime of a program with windows: its start and end, its event loop, and its handling of errors.
 #pragma once
 
-#include <cstdint>
 #include <exception>
-#include <memory>
 
-#include "services/base/ref.h"
 #include "services/base/string.h"
 
 namespace celestrix {
@@ -19,16 +16,12 @@ class Runtime {
   /// Reads the toolkit's own command-line options. `argc` and `argv` must stay as they are. `id` is the name
   /// under which the desktop knows the program: that of its launcher and its icon.
   Runtime(int& argc, char** argv, const String& id);
-  ~Runtime();
-  Runtime(const Runtime&) = delete;
-  Runtime& operator=(const Runtime&) = delete;
 
   /// Runs the event loop until Quit; returns the exit code given to it.
   int RunEventLoop();
 
  private:
-  struct Toolkit;
-  std::unique_ptr<Toolkit> toolkit_;
+  std::shared_ptr<void> toolkit_;
 };
 
 /// The application object.
@@ -36,7 +29,6 @@ class Application {
  public:
   virtual ~Application() = default;
   void MenuBar(Ref<celestrix::MenuBar> bar) { menuBar_ = std::move(bar); }
-  const Ref<celestrix::MenuBar>& MenuBar() const { return menuBar_; }
 
  private:
   Ref<celestrix::MenuBar> menuBar_;
@@ -62,7 +54,8 @@ void RequestQuitBySystem();
 bool IsEndedBySystem();
 
 /// The end of an error that no handler caught: one alert says what could not be done and why, and the
-/// program goes on. An error at start-up is shown when the window is there.
+/// program goes on. An error at start-up is shown when the window is there. Errors that arise in the toolkit's own
+/// events, outside the handlers, end here too; their alert takes its turn among the handlers.
 void RuntimeUnhandledException(const std::exception& error);
 
 }  // namespace celestrix

@@ -5,25 +5,15 @@
 // controls up by name each time they run (RuntimeWindowControlByName).
 #pragma once
 
-#include <cstdint>
-#include <functional>
 #include <map>
-#include <memory>
-#include <string>
 
-#include "services/base/string.h"
 #include "services/ui/drag_item.h"
-
-class QWidget;  // the toolkit's; what it is stays inside services/
 
 namespace celestrix {
 
 class Control;
 class Window;
-
-struct Color {
-  std::uint8_t red, green, blue;
-};
+struct ToolkitWidget;  // what the toolkit shows for a control
 
 enum Edge : unsigned { kLeft = 1, kTop = 2, kRight = 4, kBottom = 8 };
 
@@ -36,7 +26,6 @@ inline constexpr std::int32_t kNoIndex = INT32_MIN;
 /// react to neither Return nor Escape.
 struct ControlProperties {
   const char* Name = "";
-  std::int32_t Index = kNoIndex;
   std::int32_t Left = 0, Top = 0, Width = 0, Height = 0;
   /// The window edges to which the control keeps its distance: kLeft and so on, added with |. Locked to both of a
   /// pair, it stretches. (A control in a group box has none: it moves with the box.)
@@ -48,8 +37,9 @@ struct ControlProperties {
   bool Enabled = true;
   /// The height of the font. Where a caption would not fit its box, a smaller one is taken.
   std::int32_t TextSize = 11;
-  Color TextColor{0, 0, 0};           // static texts and fields
-  Color BackColor{0xFF, 0xFF, 0xFF};  // fields
+  /// Colours are 0xRRGGBB.
+  std::uint32_t TextColor = 0x000000;  // static texts and fields
+  std::uint32_t BackColor = 0xFFFFFF;  // fields
 };
 
 /// What an event tells its handler. Only "DropObject" has something to tell.
@@ -58,15 +48,13 @@ struct Event {
   std::int32_t action = 0;  // the drop action, which is always to copy: 1
 };
 
-using EventHandler = std::function<void(const Ref<Control>& me, const Event& event)>;
+/// `self` is the window of the control that raised the event.
+using EventHandler = std::function<void(const Ref<Window>& self, const Event& event)>;
 
 /// The base of all controls: a name in a window, and handlers of events.
 class Control : public std::enable_shared_from_this<Control> {
  public:
   virtual ~Control() = default;
-  Control() = default;
-  Control(const Control&) = delete;
-  Control& operator=(const Control&) = delete;
 
   const String& Name() const { return name_; }
   std::int32_t Index() const { return index_; }
@@ -90,38 +78,30 @@ class Control : public std::enable_shared_from_this<Control> {
 /// A control with a place in the window.
 class RectControl : public Control {
  public:
-  ~RectControl() override;
-
   void Enabled(bool enabled);
 
  protected:
-  friend class Window;
   friend void _SetProperties(const Ref<RectControl>&, const ControlProperties&);
 
-  /// Makes the toolkit's widget inside the given parent, which then owns it.
-  virtual QWidget* MakeWidget(QWidget* parent) = 0;
-  virtual void SetProperties(const ControlProperties& properties);
-  QWidget* widget_ = nullptr;
+  /// Makes the widget inside the given parent, which then owns it, and adopts it.
+  virtual void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) = 0;
+  void Adopt(const ToolkitWidget& widget, const ControlProperties& properties);
+
+  std::shared_ptr<ToolkitWidget> widget_;
 };
 
 class StaticText : public RectControl {
- protected:
-  QWidget* MakeWidget(QWidget* parent) override;
-  void SetProperties(const ControlProperties& properties) override;
+  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
 /// The frame around a set of radio buttons.
 class GroupBox : public RectControl {
- protected:
-  QWidget* MakeWidget(QWidget* parent) override;
-  void SetProperties(const ControlProperties& properties) override;
+  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
 /// Raises "Action" when it is pushed.
 class PushButton : public RectControl {
- protected:
-  QWidget* MakeWidget(QWidget* parent) override;
-  void SetProperties(const ControlProperties& properties) override;
+  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
 /// One choice of several: choosing it clears the others of the same parent. A click of the user takes its turn
@@ -131,9 +111,8 @@ class RadioButton : public RectControl {
   bool Value() const;
   void Value(bool chosen);
 
- protected:
-  QWidget* MakeWidget(QWidget* parent) override;
-  void SetProperties(const ControlProperties& properties) override;
+ private:
+  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
 /// The text field. Raises
@@ -144,14 +123,14 @@ class RadioButton : public RectControl {
 ///                 copied is refused.
 class EditField : public RectControl {
  public:
-  /// The whole text, exactly as it was set: no byte of it is changed. Once the user has edited it, what they did
-  /// not touch is still the same, but for two things. The line endings (also U+2029, and the non-characters U+FDD0
-  /// and U+FDD1, which the toolkit takes for some) have all become one line feed. The non-character U+FDD2, which
-  /// the field needs for itself, is gone. Edits that wait (see below) are done first, while the event loop goes on.
+  /// The whole text. Between its lines stands EndOfLine and nothing else, however the text came in; all other
+  /// characters are as they were set, typed or pasted. Edits that wait (see below) are done first, while the event
+  /// loop goes on.
   String Text();
   /// Replaces all of the text, at once. What is on the screen follows in slices, between events, so that the
-  /// window never stands still; an edit in the meantime waits until the field shows all of its text. Raises
-  /// RuntimeException, and changes nothing, for a text of more lines than the toolkit can hold (16 million).
+  /// window never stands still. In the meantime keys and menu commands wait until the field shows all of its text,
+  /// and clicks are ignored. Raises RuntimeException, and changes nothing, for a text of more than 16 million lines
+  /// or with a line of more than a million characters, which the toolkit could not show in any bearable time.
   void Text(const String& text);
   /// Whether there is no text. Unlike a look at Text, this costs the same for every length.
   bool IsEmpty() const;
@@ -161,20 +140,18 @@ class EditField : public RectControl {
   /// Lets it accept text. What comes as the address of a file elsewhere is text.
   void AcceptTextDrop();
 
- protected:
-  friend class Window;
-  QWidget* MakeWidget(QWidget* parent) override;
-  void SetProperties(const ControlProperties& properties) override;
+ private:
+  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
-/// Applies a layout's properties to a control that has been added to its window.
+/// Applies a layout's properties to a control that has been added to its window, and shows it there. Raises
+/// RuntimeException where InitialParent names no control before it.
 void _SetProperties(const Ref<RectControl>& control, const ControlProperties& properties);
 
 /// Connects an event of the control to a handler, in place of an earlier one.
 void _InstallInstanceEventHandler(const Ref<Control>& control, const char* event, EventHandler handler);
 
-/// For the start of a handler: the window of the control that raised the event, which is the handler's own
-/// object.
+/// The window of the control that raised an event, which is the own object of the event's handler.
 Ref<Window> RuntimeSwapSelfAndMe(const Ref<Control>& me);
 
 }  // namespace celestrix

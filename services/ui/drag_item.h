@@ -4,20 +4,21 @@
 
 namespace celestrix {
 
-/// What a drop brought: the first item of it. It is a copy, so it outlives the drop.
+/// What a drop brought: the first item of it, a file or a text. It is a copy, so it outlives the drop. Between the
+/// lines of its text stands EndOfLine: what the source had there is lost on the way, as many put CR LF there for the
+/// transport.
 class DragItem {
  public:
-  DragItem(Ref<celestrix::FolderItem> file, bool hasText, celestrix::String text)
-      : file_(std::move(file)), hasText_(hasText), text_(std::move(text)) {}
+  explicit DragItem(Ref<celestrix::FolderItem> file) : file_(std::move(file)) {}
+  explicit DragItem(celestrix::String text) : text_(std::move(text)) {}
 
   bool FolderItemAvailable() const { return static_cast<bool>(file_); }
   const Ref<celestrix::FolderItem>& FolderItem() const { return file_; }
-  bool TextAvailable() const { return hasText_; }
+  bool TextAvailable() const { return !file_; }
   const celestrix::String& Text() const { return text_; }
 
  private:
   Ref<celestrix::FolderItem> file_;
-  bool hasText_;
   celestrix::String text_;
 };
 

@@ -1,8 +1,6 @@
 #include "services/ui/event_queue.h"
 
 #include <deque>
-#include <exception>
-#include <utility>
 
 #include "services/ui/application.h"
 
@@ -10,45 +8,33 @@ namespace celestrix {
 
 namespace {
 
-struct EventQueue {
-  std::deque<std::function<void()>> waiting;
-  bool running = false;
-  bool open = true;
-};
-
-EventQueue& Queue() {
-  static EventQueue queue;
-  return queue;
-}
-
-void Run(const std::function<void()>& handler) {
-  try {
-    handler();
-  } catch (const std::exception& error) {
-    RuntimeUnhandledException(error);
-  }
-}
+std::deque<std::function<void()>> waiting;
+bool isRunning = false;
+bool isOpen = true;
 
 }  // namespace
 
 void RaiseEvent(std::function<void()> handler) {
-  EventQueue& queue = Queue();
-  if (!queue.open) return;
-  queue.waiting.push_back(std::move(handler));
-  if (queue.running) return;
+  if (!isOpen) return;
+  waiting.push_back(std::move(handler));
+  if (isRunning) return;
 
-  queue.running = true;
-  while (!queue.waiting.empty()) {
-    const std::function<void()> next = std::move(queue.waiting.front());
-    queue.waiting.pop_front();
-    Run(next);
+  isRunning = true;
+  while (!waiting.empty()) {
+    const std::function<void()> next = std::move(waiting.front());
+    waiting.pop_front();
+    try {
+      next();
+    } catch (const std::exception& error) {
+      RuntimeUnhandledException(error);
+    }
   }
-  queue.running = false;
+  isRunning = false;
 }
 
 void DropEvents() {
-  Queue().waiting.clear();
-  Queue().open = false;
+  waiting.clear();
+  isOpen = false;
 }
 
 }  // namespace celestrix

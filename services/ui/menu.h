@@ -1,20 +1,17 @@
 // Menus: a tree of items under a menu bar. What an item does comes from its class or its name:
 //
 //   QuitMenuItem     asks the application to quit
-//   "EditUndo"       these act on the text field that has the focus, and are enabled exactly while they apply:
+//   "EditUndo"       these act on the text field that has the focus:
 //   "EditCut"          undo the last edit, cut, copy, paste, delete the selection, select all
 //   "EditCopy"
 //   "EditPaste"
 //   "EditClear"
 //   "EditSelectAll"
 //   any other        a menu's title, or, with the text "-", a separator
-//
-// Items enable and disable themselves; the program has no say in it.
 #pragma once
 
 #include <vector>
 
-#include "services/base/ref.h"
 #include "services/base/string.h"
 
 namespace celestrix {
@@ -26,11 +23,15 @@ class MenuItem {
   String Name;
   String Text;              // "&" stands before the access letter
   String KeyboardShortcut;  // "Cmd+" and a letter, "Cmd" being the platform's key for commands; or empty
+  /// The framework enables the item exactly while what it does applies. Without it the item stays disabled.
+  bool AutoEnable = false;
 
   void Append(const Ref<MenuItem>& item) { items_.push_back(item); }
   const std::vector<Ref<MenuItem>>& Items() const { return items_; }
   /// The item of that name directly below this one; null when there is none.
   Ref<MenuItem> Child(const String& name) const;
+  /// The item of that name anywhere below this one; null when there is none.
+  Ref<MenuItem> Descendant(const String& name) const;
 
  private:
   std::vector<Ref<MenuItem>> items_;

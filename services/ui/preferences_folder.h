@@ -4,8 +4,8 @@
 
 namespace celestrix {
 
-/// The current user's preferences folder: XDG_CONFIG_HOME or ~/.config on Linux, ~/Library/Preferences on
-/// macOS. On a fresh account it may not exist yet.
+/// The current user's preferences folder: XDG_CONFIG_HOME or ~/.config on Linux, %APPDATA% on Windows,
+/// ~/Library/Preferences on macOS. On a fresh account it may not exist yet.
 Ref<FolderItem> PreferencesFolder();
 
 }  // namespace celestrix

@@ -1,9 +1,6 @@
 // Window: a document window with a menu bar and controls.
 #pragma once
 
-#include <memory>
-#include <vector>
-
 #include "services/ui/controls.h"
 #include "services/ui/menu.h"
 
@@ -22,8 +19,6 @@ class Window : public std::enable_shared_from_this<Window> {
  public:
   Window();
   virtual ~Window();
-  Window(const Window&) = delete;
-  Window& operator=(const Window&) = delete;
 
   /// Builds the window (Layout, CreateControls), raises the controls' "Open" events and Event_Open, and then
   /// shows it.
@@ -54,7 +49,9 @@ class Window : public std::enable_shared_from_this<Window> {
 
   Ref<celestrix::MenuBar> menuBar_;
   std::vector<Ref<RectControl>> controls_;  // in the order in which they were added
-  std::unique_ptr<Frame> frame_;            // the toolkit's window, which owns the widgets of all controls; goes first
+  // The toolkit's window, which owns the widgets of all controls. The last member, and so the first to be destroyed:
+  // while it is, its widgets may still call their controls.
+  std::unique_ptr<Frame> frame_;
 };
 
 /// Applies a layout's properties to the window.

@@ -1,16 +1,97 @@
 #include "services/ui/qt/menu_builder.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 
 #include "services/ui/application.h"
 #include "services/ui/menu.h"
-#include "services/ui/qt/edit_commands.h"
 #include "services/ui/qt/strings.h"
+#include "services/ui/qt/text_field.h"
 
 namespace celestrix {
 
 namespace {
+
+// ---- The standard edit commands, on the text field that has the focus
+
+struct StandardCommand {
+  String name;
+  void (*run)(TextField& field);
+  bool (*applies)(const TextField& field, bool clipboardHasText);
+};
+
+bool HasUndo(const TextField& field, bool /*clipboardHasText*/) { return field.document()->isUndoAvailable(); }
+bool HasSelection(const TextField& field, bool /*clipboardHasText*/) { return field.textCursor().hasSelection(); }
+bool HasClipboard(const TextField& /*field*/, bool clipboardHasText) { return clipboardHasText; }
+bool HasText(const TextField& field, bool /*clipboardHasText*/) { return !field.IsEmpty(); }
+
+const StandardCommand kStandardCommands[] = {
+    {"EditUndo"_s, [](TextField& field) { field.undo(); }, HasUndo},
+    {"EditCut"_s, [](TextField& field) { field.cut(); }, HasSelection},
+    {"EditCopy"_s, [](TextField& field) { field.copy(); }, HasSelection},
+    {"EditPaste"_s, [](TextField& field) { field.paste(); }, HasClipboard},
+    {"EditClear"_s, [](TextField& field) { field.textCursor().removeSelectedText(); }, HasSelection},
+    {"EditSelectAll"_s, [](TextField& field) { field.selectAll(); }, HasText},
+};
+
+const StandardCommand* Find(const String& itemName) {
+  for (const StandardCommand& command : kStandardCommands)
+    if (command.name == itemName) return &command;
+  return nullptr;
+}
+
+/// Makes actions of a menu into edit commands and keeps each enabled exactly while it applies. It belongs to the
+/// menu bar given as its parent.
+class EditCommands final : public QObject {
+ public:
+  explicit EditCommands(QObject* parent) : QObject(parent) {
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowFocus(now); });
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &EditCommands::FollowClipboard);
+    // A program that owns the clipboard and hangs lets this wait for seconds, so the window shall be there before.
+    QMetaObject::invokeMethod(this, &EditCommands::FollowClipboard, Qt::QueuedConnection);
+  }
+
+  void Add(QAction* action, const StandardCommand& command) {
+    commands_.push_back({action, &command});
+    connect(action, &QAction::triggered, this, [this, run = command.run] {
+      if (field_) field_->WhenWhole([field = field_, run] { run(*field); });
+    });
+  }
+
+ private:
+  void FollowFocus(QWidget* now) {
+    const bool inMenu = now == nullptr || qobject_cast<QMenuBar*>(now) || qobject_cast<QMenu*>(now);
+    if (inMenu || now == field_) return;
+    if (field_) disconnect(field_, nullptr, this, nullptr);
+    field_ = dynamic_cast<TextField*>(now);
+    if (field_) {
+      connect(field_, &TextField::copyAvailable, this, &EditCommands::Update);
+      connect(field_, &TextField::cursorPositionChanged, this, &EditCommands::Update);  // undoing ends a selection
+      connect(field_, &TextField::undoAvailable, this, &EditCommands::Update);
+      connect(field_, &TextField::textChanged, this, &EditCommands::Update);
+    }
+    Update();
+  }
+
+  void FollowClipboard() {
+    clipboardHasText_ = TextField::HasText(QGuiApplication::clipboard()->mimeData());
+    Update();
+  }
+
+  void Update() {
+    for (const auto& [action, command] : commands_)
+      action->setEnabled(field_ && command->applies(*field_, clipboardHasText_));
+  }
+
+  std::vector<std::pair<QAction*, const StandardCommand*>> commands_;
+  QPointer<TextField> field_;      // the field that has the focus; opening a menu does not take it away
+  bool clipboardHasText_ = false;  // asked when the clipboard changes: the program that owns it may be slow to answer
+};
+
+// ---- The menus
 
 /// "Cmd+Q" as the toolkit writes it: its "Ctrl" is the platform's key for commands.
 QKeySequence ToKeySequence(const String& shortcut) {
@@ -25,12 +106,13 @@ void BuildItem(QMenu& menu, const MenuItem& item, EditCommands& editCommands) {
   QAction* action = menu.addAction(ToQString(item.Text));
   action->setObjectName(ToQString(item.Name));
   action->setShortcut(ToKeySequence(item.KeyboardShortcut));
-  if (dynamic_cast<const QuitMenuItem*>(&item) != nullptr) {
-    action->setMenuRole(QAction::QuitRole);
-    QObject::connect(action, &QAction::triggered, action, RequestQuit);
-  } else if (IsEditCommand(item.Name)) {
-    editCommands.Add(action, item.Name);
-  }
+  action->setEnabled(false);
+  if (!item.AutoEnable) return;
+  if (const StandardCommand* command = Find(item.Name)) return editCommands.Add(action, *command);
+  action->setEnabled(true);
+  if (dynamic_cast<const QuitMenuItem*>(&item) == nullptr) return;
+  action->setMenuRole(QAction::QuitRole);
+  QObject::connect(action, &QAction::triggered, action, RequestQuit);
 }
 
 }  // namespace
@@ -40,6 +122,7 @@ void BuildMenuBar(QMenuBar& toolkitBar, const MenuBar& bar) {
   for (const Ref<MenuItem>& title : bar.Items()) {
     QMenu* menu = toolkitBar.addMenu(ToQString(title->Text));
     menu->setObjectName(ToQString(title->Name));
+    menu->setEnabled(title->AutoEnable);
     for (const Ref<MenuItem>& item : title->Items()) BuildItem(*menu, *item, *editCommands);
   }
 }

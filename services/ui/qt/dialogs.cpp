@@ -16,7 +16,7 @@ QString lastFolder;  // empty until the user has chosen a file
 
 /// "PDB (*.pdb *.PDB)": the type's files, whichever case their extension is in.
 QString NameFilter(const String& fileType) {
-  const RegisteredFileType& type = RegisteredFileTypeNamed(fileType);
+  const FileType& type = RegisteredFileTypeNamed(fileType);
   const QString extension = ToQString(type.Extensions);
   return QStringLiteral("%1 (*%2 *%3)").arg(ToQString(type.Name), extension, extension.toUpper());
 }
@@ -39,7 +39,6 @@ Ref<FolderItem> GetOpenFolderItem(const String& fileType) {
 Ref<FolderItem> GetSaveFolderItem(const String& fileType, const String& defaultName) {
   QFileDialog dialog(ProgramWindow(), QString(), lastFolder, NameFilter(fileType));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
   dialog.selectFile(ToQString(defaultName));
   return ChosenIn(dialog);
 }

@@ -8,8 +8,7 @@
 #include <QThread>
 #include <QTimer>
 #include <cstdio>
-#include <map>
-#include <string>
+#include <new>
 
 #include "services/base/background_task.h"
 #include "services/ui/event_queue.h"
@@ -28,7 +27,8 @@ constexpr qint64 kTurnMilliseconds = 8;
 constexpr std::int32_t kPassesPerLook = 1024;
 
 Ref<Application> registeredApplication;
-std::map<std::string, Ref<Window>> implicitWindows;
+// Never destroyed: when the display dies, the toolkit ends the process at once, and windows do not survive the toolkit.
+auto& implicitWindows = *new std::map<std::string, Ref<Window>>;
 bool endedBySystem = false;
 
 /// The toolkit writes its warnings to the terminal; ours is a quiet program. Fatal ones still say why it ends.
@@ -36,11 +36,13 @@ void DiscardMessages(QtMsgType type, const QMessageLogContext&, const QString& m
   if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
 }
 
-void GiveTurnToEventLoop() {
+std::int32_t GiveTurnToEventLoop() {
   static QElapsedTimer sinceLastTurn;
-  if (sinceLastTurn.isValid() && sinceLastTurn.elapsed() < kTurnMilliseconds) return;
-  QCoreApplication::processEvents();
-  sinceLastTurn.start();
+  if (!sinceLastTurn.isValid() || sinceLastTurn.elapsed() >= kTurnMilliseconds) {
+    QCoreApplication::processEvents();
+    sinceLastTurn.start();
+  }
+  return kPassesPerLook;
 }
 
 QIcon ProgramIcon() {
@@ -58,42 +60,50 @@ void ShowAlert(const QString& text) {
   alert.exec();
 }
 
-}  // namespace
+/// Where errors arrive that arise in the toolkit's own events, outside the handlers.
+class GuardedApplication final : public QApplication {
+ public:
+  using QApplication::QApplication;
 
-struct Runtime::Toolkit {
-  Toolkit(int& argc, char** argv) : application(argc, argv) {}
-  QApplication application;
-  TerminationSignals terminationSignals{RequestQuitBySystem};
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const std::exception&) {
+      // Somebody may wait for the event's end, as a drag's source does. So the error takes its turn, as if a handler
+      // had raised it.
+      const auto raise = [error = std::current_exception()] { std::rethrow_exception(error); };
+      QMetaObject::invokeMethod(
+          this, [raise] { RaiseEvent(raise); }, Qt::QueuedConnection);
+      return true;
+    }
+  }
 };
+
+}  // namespace
 
 Runtime::Runtime(int& argc, char** argv, const String& id) {
   qInstallMessageHandler(DiscardMessages);
   QCoreApplication::setApplicationName(ToQString(id));
   QGuiApplication::setDesktopFileName(ToQString(id));
-  // A program without its window is ended by the window's closing, not by the count of visible windows: an
-  // alert may close before the window has been shown.
+  // The program ends when its window has been closed. The toolkit would end it with the last visible window, and that
+  // may be an alert that closes before the window has been shown.
   QGuiApplication::setQuitOnLastWindowClosed(false);
-  toolkit_ = std::make_unique<Toolkit>(argc, argv);
+  toolkit_ = std::make_shared<GuardedApplication>(argc, argv);
   QApplication::setWindowIcon(ProgramIcon());
-  BackgroundTask::Install([] {
-    GiveTurnToEventLoop();
-    return kPassesPerLook;
-  });
+  // The end of the session is announced, and then the program may not be asked again.
+  QObject::connect(qApp, &QGuiApplication::commitDataRequest, qApp, RequestQuitBySystem);
+  CatchTerminationSignals(RequestQuitBySystem);
+  BackgroundTask::Install(GiveTurnToEventLoop);
 }
-
-Runtime::~Runtime() { BackgroundTask::Install(nullptr); }
 
 int Runtime::RunEventLoop() { return QApplication::exec(); }
 
 void RegisterApplication(Ref<Application> application) { registeredApplication = std::move(application); }
 
-Ref<Window> ImplicitWindow(const String& className) {
-  const auto found = implicitWindows.find(std::string(className.Bytes()));
-  return found != implicitWindows.end() ? found->second : nullptr;
-}
+Ref<Window> ImplicitWindow(const String& className) { return implicitWindows[std::string(className.Bytes())]; }
 
 void AddImplicitWindow(const String& className, const Ref<Window>& window) {
-  implicitWindows.insert_or_assign(std::string(className.Bytes()), window);
+  implicitWindows[std::string(className.Bytes())] = window;
 }
 
 void ReleaseImplicitWindows() { implicitWindows.clear(); }
@@ -114,7 +124,9 @@ bool IsEndedBySystem() { return endedBySystem; }
 
 void RuntimeUnhandledException(const std::exception& error) {
   if (endedBySystem) return;
-  const QString text = QString::fromStdString(ErrorText(error));
+  // The standard library's own text for want of memory is a type name.
+  const bool noMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
+  const QString text = noMemory ? QStringLiteral("There is not enough memory.") : QString::fromUtf8(error.what());
   if (QThread::currentThread()->loopLevel() > 0)
     ShowAlert(text);
   else

@@ -5,13 +5,11 @@
 #include <QLayout>
 #include <QMainWindow>
 #include <QMenuBar>
-#include <algorithm>
-#include <string>
 
 #include "services/ui/application.h"
 #include "services/ui/event_queue.h"
 #include "services/ui/qt/menu_builder.h"
-#include "services/ui/qt/strings.h"
+#include "services/ui/qt/toolkit_widget.h"
 
 namespace celestrix {
 
@@ -23,9 +21,11 @@ class Content final : public QWidget {
   using QWidget::QWidget;
 
   void SetDesignedSize(QSize size) { designed_ = size; }
+
   void Place(QWidget* widget, const ControlProperties& properties) {
-    const QString parentName = QString::fromUtf8(properties.InitialParent);
-    if (!parentName.isEmpty()) return PlaceInside(parentName, widget, properties);
+    if (*properties.InitialParent != '\0') return PlaceInside(Parent(properties), widget, properties);
+    // The text right before a control is its label, for those who hear the window instead of seeing it.
+    if (auto* label = placed_.empty() ? nullptr : qobject_cast<QLabel*>(placed_.back().widget)) label->setBuddy(widget);
     placed_.push_back({widget, properties});
     Arrange(placed_.back());
   }
@@ -41,29 +41,26 @@ class Content final : public QWidget {
     ControlProperties properties;
   };
 
-  void PlaceInside(const QString& parentName, QWidget* widget, const ControlProperties& properties) {
-    const auto parent = std::find_if(placed_.begin(), placed_.end(), [&](const Placed& placed) {
-      return QString::fromUtf8(placed.properties.Name) == parentName;
-    });
-    widget->setParent(parent->widget);
-    widget->setGeometry(properties.Left - parent->properties.Left, properties.Top - parent->properties.Top,
+  const Placed& Parent(const ControlProperties& child) const {
+    for (const Placed& placed : placed_)
+      if (std::string_view(placed.properties.Name) == child.InitialParent) return placed;
+    throw RuntimeException("The layout puts “" + std::string(child.Name) + "” into “" + child.InitialParent +
+                           "”, but there is no such control before it.");
+  }
+
+  static void PlaceInside(const Placed& parent, QWidget* widget, const ControlProperties& properties) {
+    widget->setParent(parent.widget);
+    widget->setGeometry(properties.Left - parent.properties.Left, properties.Top - parent.properties.Top,
                         properties.Width, properties.Height);
   }
 
   void Arrange(const Placed& placed) const {
     const ControlProperties& at = placed.properties;
-    const auto [left, width] =
-        Along(at.Left, at.Width, (at.Locks & kLeft) != 0, (at.Locks & kRight) != 0, this->width() - designed_.width());
-    const auto [top, height] = Along(at.Top, at.Height, (at.Locks & kTop) != 0, (at.Locks & kBottom) != 0,
-                                     this->height() - designed_.height());
-    placed.widget->setGeometry(left, top, width, height);
-  }
-
-  /// Start and length in one direction, when the window has grown by so much in it.
-  static std::pair<int, int> Along(int start, int length, bool lockStart, bool lockEnd, int growth) {
-    if (!lockEnd) return {start, length};
-    if (!lockStart) return {start + growth, length};
-    return {start, std::max(0, length + growth)};
+    const int wider = width() - designed_.width(), higher = height() - designed_.height();
+    QRect place(at.Left, at.Top, at.Width, at.Height);
+    if ((at.Locks & kRight) != 0) place.adjust((at.Locks & kLeft) != 0 ? 0 : wider, 0, wider, 0);
+    if ((at.Locks & kBottom) != 0) place.adjust(0, (at.Locks & kTop) != 0 ? 0 : higher, 0, higher);
+    placed.widget->setGeometry({place.topLeft(), place.size().expandedTo({0, 0})});
   }
 
   QSize designed_;
@@ -129,10 +126,6 @@ void Window::MenuBar(const Ref<celestrix::MenuBar>& bar) {
 void Window::AddControl(const String& name, const Ref<RectControl>& control) {
   control->name_ = name;
   control->window_ = weak_from_this();
-  control->widget_ = control->MakeWidget(frame_->ContentPane());
-  // The text right before a control is its label, for those who hear the window instead of seeing it.
-  if (!controls_.empty())
-    if (auto* label = qobject_cast<QLabel*>(controls_.back()->widget_)) label->setBuddy(control->widget_);
   controls_.push_back(control);
 }
 
@@ -146,8 +139,9 @@ void _SetProperties(const Ref<Window>& window, const WindowProperties& propertie
 }
 
 void _SetProperties(const Ref<RectControl>& control, const ControlProperties& properties) {
-  RuntimeSwapSelfAndMe(control)->frame_->ContentPane()->Place(control->widget_, properties);
-  control->SetProperties(properties);
+  Content& content = *RuntimeSwapSelfAndMe(control)->frame_->ContentPane();
+  control->MakeWidget({&content}, properties);
+  content.Place(control->widget_->widget, properties);
 }
 
 Ref<RectControl> RuntimeWindowControlByName(const Ref<Window>& window, const String& name) {

@@ -1,0 +1,148 @@
+#include "services/ui/controls.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
+
+#include "services/ui/event_queue.h"
+#include "services/ui/qt/strings.h"
+#include "services/ui/qt/text_field.h"
+#include "services/ui/qt/toolkit_widget.h"
+#include "services/ui/window.h"
+
+namespace celestrix {
+
+namespace {
+
+constexpr int kSmallestTextSize = 6;
+
+void SetColor(QWidget& widget, QPalette::ColorRole role, QRgb color) {
+  QPalette palette = widget.palette();
+  palette.setColor(role, QColor(color));
+  widget.setPalette(palette);
+}
+
+void SetTextSize(QWidget& widget, int pixels) {
+  QFont font = widget.font();
+  font.setPixelSize(pixels);
+  widget.setFont(font);
+}
+
+/// Gives the widget the largest font up to that size with which its text fits, whatever the desktop's font.
+void FitText(QWidget& widget, int pixels, const std::function<bool()>& fits) {
+  SetTextSize(widget, pixels);
+  while (pixels > kSmallestTextSize && !fits()) SetTextSize(widget, --pixels);
+}
+
+/// The same for a button, whose caption has to fit what the style leaves for it.
+void FitCaption(QAbstractButton& button, const ControlProperties& properties, QStyle::SubElement contents) {
+  button.resize(properties.Width, properties.Height);
+  FitText(button, properties.TextSize, [&] {
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    option.text = button.text();
+    return button.fontMetrics().horizontalAdvance(button.text()) <=
+           button.style()->subElementRect(contents, &option, &button).width();
+  });
+}
+
+TextField& FieldIn(const std::shared_ptr<ToolkitWidget>& widget) { return static_cast<TextField&>(*widget->widget); }
+
+class ChoiceButton final : public QRadioButton {
+ public:
+  using QRadioButton::QRadioButton;
+
+ protected:
+  void nextCheckState() override {
+    RaiseEvent([button = QPointer(this)] {
+      if (button) button->setChecked(true);
+    });
+  }
+};
+
+}  // namespace
+
+// ---- Control
+
+void Control::Raise(const char* event, const Event& arguments) {
+  const auto handler = handlers_.find(event);
+  if (handler == handlers_.end()) return;
+  RaiseEvent([me = Ref<Control>(shared_from_this()), handler = handler->second, arguments] {
+    handler(RuntimeSwapSelfAndMe(me), arguments);
+  });
+}
+
+void _InstallInstanceEventHandler(const Ref<Control>& control, const char* event, EventHandler handler) {
+  control->handlers_.insert_or_assign(event, std::move(handler));
+}
+
+Ref<Window> RuntimeSwapSelfAndMe(const Ref<Control>& me) { return me->window_.lock(); }
+
+// ---- RectControl
+
+void RectControl::Enabled(bool enabled) { widget_->widget->setEnabled(enabled); }
+
+void RectControl::Adopt(const ToolkitWidget& widget, const ControlProperties& properties) {
+  widget_ = std::make_shared<ToolkitWidget>(widget);
+  widget.widget->setObjectName(QString::fromUtf8(properties.Name));
+  widget.widget->setEnabled(properties.Enabled);
+}
+
+// ---- The controls
+
+void StaticText::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+  auto* label = new QLabel(QString::fromUtf8(properties.Caption), parent.widget);
+  Adopt({label}, properties);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  SetColor(*label, QPalette::WindowText, properties.TextColor);
+  FitText(*label, properties.TextSize, [&] { return label->heightForWidth(properties.Width) <= properties.Height; });
+}
+
+void GroupBox::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+  auto* box = new QGroupBox(QString::fromUtf8(properties.Caption), parent.widget);
+  Adopt({box}, properties);
+  FitText(*box, properties.TextSize, [&] { return box->minimumSizeHint().width() <= properties.Width; });
+}
+
+void PushButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+  auto* button = new QPushButton(QString::fromUtf8(properties.Caption), parent.widget);
+  Adopt({button}, properties);
+  FitCaption(*button, properties, QStyle::SE_PushButtonContents);
+  QObject::connect(button, &QPushButton::clicked, button, [this] { Raise("Action"); });
+}
+
+void RadioButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+  auto* button = new ChoiceButton(QString::fromUtf8(properties.Caption), parent.widget);
+  Adopt({button}, properties);
+  FitCaption(*button, properties, QStyle::SE_RadioButtonContents);
+}
+
+bool RadioButton::Value() const { return static_cast<const QRadioButton&>(*widget_->widget).isChecked(); }
+void RadioButton::Value(bool chosen) { static_cast<QRadioButton&>(*widget_->widget).setChecked(chosen); }
+
+void EditField::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+  const auto textChanged = [this] { Raise("TextChange"); };
+  const auto dropped = [this](const Ref<DragItem>& item) { Raise("DropObject", {item, Qt::CopyAction}); };
+  auto* field = new TextField(parent.widget, {textChanged, dropped});
+  Adopt({field}, properties);
+  SetColor(*field, QPalette::Text, properties.TextColor);
+  SetColor(*field, QPalette::Base, properties.BackColor);
+  SetTextSize(*field, properties.TextSize);
+}
+
+String EditField::Text() { return FieldIn(widget_).Text(); }
+void EditField::Text(const String& text) { FieldIn(widget_).SetText(text); }
+bool EditField::IsEmpty() const { return FieldIn(widget_).IsEmpty(); }
+
+void EditField::AcceptFileDrop(const String& fileType) {
+  FieldIn(widget_).AcceptFiles(RegisteredFileTypeNamed(fileType));
+}
+void EditField::AcceptTextDrop() { FieldIn(widget_).AcceptText(); }
+
+}  // namespace celestrix
