@@ -5,11 +5,15 @@
 build_packages=(g++ cmake ninja-build qt6-base-dev)
 # To run it: Wayland, and a font, without which no text is drawn.
 run_packages=(qt6-wayland fonts-dejavu-core)
-# To run it where there is no display: one in memory, a window manager, mouse and keys, pictures.
-headless_packages=(xvfb openbox xdotool imagemagick)
-# For the tests: benchmarks, the fuzzer, and the checks of the Debian package and of what it holds.
-test_packages=(libbenchmark-dev clang libclang-rt-dev
+# To run it where there is no display: one in memory, a window manager, mouse and keys, properties of windows,
+# clipboard, pictures.
+headless_packages=(xvfb openbox xdotool x11-utils xclip imagemagick)
+# For the tests: the fuzzer, the checks of style, of the Debian package and of what it holds.
+test_packages=(clang libclang-rt-dev clang-format clang-tidy shellcheck
   desktop-file-utils appstream man-db dpkg-dev file lintian)
+
+# For Windows: the compiler, what unpacks and builds the toolkit's source, the installer's maker, and Wine with a font.
+windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev perl xz-utils nsis zip unzip wine wine64 fonts-wine)
 
 # install_missing PACKAGE...: installs those that are not there. Where none is missing it needs neither
 # network nor rights.
@@ -35,9 +39,11 @@ install_missing() {
     as_root=(sudo)
   fi
   echo "Installing: ${missing[*]}"
-  # A repository out of reach stops nothing here: whether it matters shows in the installation.
-  "${as_root[@]}" apt-get -q update || true
-  # A machine that has just started may be busy with its own updates, hence the wait for the lock.
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
-    apt-get -qq -o DPkg::Lock::Timeout=300 install -y --no-install-recommends "${missing[@]}"
+  # As one command, so that a password is asked for once. apt says how much it fetches, and shows how far it is.
+  # A repository out of reach stops nothing here: whether it matters shows in the installation. A machine that has
+  # just started may be busy with its own updates, hence the wait for the lock.
+  # shellcheck disable=SC2016
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive sh -c \
+    'apt-get update; exec apt-get -o DPkg::Lock::Timeout=300 install -y --no-install-recommends "$@"' \
+    sh "${missing[@]}"
 }
