@@ -130,6 +130,8 @@ class TestWindow : public QObject {
     QVERIFY(!w.Command("EditPaste")->isEnabled());
     w.SetText("set");
     w.txt->setFocus();
+    QGuiApplication::clipboard()->setText("text");
+    QVERIFY(w.Command("EditPaste")->isEnabled());
     w.frame->menuBar()->setFocus();
     QVERIFY(w.Command("EditSelectAll")->isEnabled());
     w.browse->setFocus();
