@@ -254,6 +254,13 @@ class TestWindow : public QObject {
     QCOMPARE(w.Text(), "key1");
   }
 
+  void aControlNeedsItsParent() {
+    const auto control = New<StaticText>();
+    TestedWindow w;
+    w.window->AddControl("child"_s, control);
+    QVERIFY_THROWS_EXCEPTION(RuntimeException, _SetProperties(control, {.Name = "child", .InitialParent = "nobody"}));
+  }
+
   // The last one: it ends the program.
   void eventsDuringASaveTakeTheirTurn() {
     TestedWindow w;
