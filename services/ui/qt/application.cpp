@@ -1,8 +1,8 @@
 #include "services/ui/application.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QIcon>
 #include <QMessageBox>
 #include <QThread>
@@ -37,10 +37,10 @@ void DiscardMessages(QtMsgType type, const QMessageLogContext&, const QString& m
 }
 
 std::int32_t GiveTurnToEventLoop() {
-  static QElapsedTimer sinceLastTurn;
-  if (!sinceLastTurn.isValid() || sinceLastTurn.elapsed() >= kTurnMilliseconds) {
+  static QDeadlineTimer nextTurn;
+  if (nextTurn.hasExpired()) {
     QCoreApplication::processEvents();
-    sinceLastTurn.start();
+    nextTurn.setRemainingTime(kTurnMilliseconds);
   }
   return kPassesPerLook;
 }

@@ -22,8 +22,8 @@ QString NameFilter(const String& fileType) {
 }
 
 Ref<FolderItem> ChosenIn(QFileDialog& dialog) {
-  if (IsEndedBySystem() || dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return nullptr;
-  const QFileInfo chosen(dialog.selectedFiles().constFirst());
+  if (IsEndedBySystem() || dialog.exec() != QDialog::Accepted) return nullptr;
+  const QFileInfo chosen(dialog.selectedFiles().value(0));
   lastFolder = chosen.absolutePath();
   return New<FolderItem>(chosen.filesystemAbsoluteFilePath());
 }

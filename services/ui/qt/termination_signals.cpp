@@ -29,10 +29,7 @@ void WriteToPipe(int /*signal*/) {
 
 void CatchTerminationSignals(const std::function<void()>& whenRaised) {
   if (pipe(ends.data()) != 0) return;
-  for (const int end : ends) {
-    fcntl(end, F_SETFD, FD_CLOEXEC);
-    fcntl(end, F_SETFL, O_NONBLOCK);
-  }
+  for (const int end : ends) fcntl(end, F_SETFL, O_NONBLOCK);
   auto* notifier = new QSocketNotifier(ends[0], QSocketNotifier::Read, QCoreApplication::instance());
   QObject::connect(notifier, &QSocketNotifier::activated, [whenRaised] {
     std::array<char, 64> bytes{};

@@ -13,7 +13,7 @@ namespace celestrix {
 namespace {
 
 // The toolkit needs some 150 bytes for each line, and up to 0.7 s to lay out a line of a million characters.
-constexpr std::ptrdiff_t kMostLineEnds = 1 << 24;
+constexpr int kMostLineEnds = 1 << 24;
 constexpr std::size_t kLongestLine = 1'000'000;  // characters
 
 /// The text with EndOfLine wherever the field shows the end of a line. The toolkit also ends one at a paragraph
@@ -34,18 +34,14 @@ std::size_t CharacterCount(std::string_view utf8) {
 
 /// Raises RuntimeException for a text that the toolkit could not show in any bearable time.
 void RequireThatItFits(std::string_view text) {
-  if (std::ranges::count(text, '\n') > kMostLineEnds)
-    throw RuntimeException("The text has more lines than the field can hold.");
-  // So many bytes without a line end are rare, and only such lines need counting.
-  for (std::size_t start = 0; text.size() - start > kLongestLine;) {
-    std::size_t end = text.rfind('\n', start + kLongestLine);
-    if (end == std::string_view::npos || end < start) {
-      end = std::min(text.find('\n', start), text.size());
-      if (CharacterCount(text.substr(start, end - start)) > kLongestLine)
-        throw RuntimeException("The text has a line that is longer than the field can hold.");
-      if (end == text.size()) return;
-    }
-    start = end + 1;
+  for (int lineEnds = 0;; ++lineEnds) {
+    if (lineEnds > kMostLineEnds) throw RuntimeException("The text has more lines than the field can hold.");
+    const std::size_t size = std::min(text.find('\n'), text.size());
+    // So many bytes without a line end are rare, and only such lines need counting.
+    if (size > kLongestLine && CharacterCount(text.substr(0, size)) > kLongestLine)
+      throw RuntimeException("The text has a line that is longer than the field can hold.");
+    if (size == text.size()) return;
+    text.remove_prefix(size + 1);
   }
 }
 
@@ -71,14 +67,14 @@ TextField::TextField(QWidget* parent, Events events) : QPlainTextEdit(parent), e
 String TextField::Text() {
   loader_.AwaitWaiting();  // what the user did before the question belongs to the answer
   if (unedited_) return *unedited_;
-  return RuntimeAddString(FromQString(WithLineFeeds(document()->toRawText())), String(loader_.Rest()));
+  return RuntimeAddString(FromQString(WithLineFeeds(document()->toRawText())), loader_.Rest());
 }
 
 void TextField::SetText(const String& text) {
   const String lines = WithEndOfLines(text);
   RequireThatItFits(lines.Bytes());
-  unedited_ = lines;
   loader_.Load(lines);
+  unedited_ = lines;
   events_.textChanged();
 }
 

@@ -4,8 +4,10 @@
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QTimer>
 #include <algorithm>
 
+#include "services/base/big_block.h"
 #include "services/ui/qt/strings.h"
 
 namespace celestrix {
@@ -13,6 +15,12 @@ namespace celestrix {
 namespace {
 
 constexpr std::size_t kSliceSize = 128 * 1024;  // bytes; some eight milliseconds of the toolkit's time
+constexpr std::size_t kBytesPerLine = 150;      // which the toolkit needs beside its characters
+constexpr std::size_t kRoomForSlice = 8 << 20;  // bytes; for a slice itself, a long line's too
+
+/// Raises std::bad_alloc where there is no memory for so many bytes. The toolkit does not survive it where it finds
+/// none itself.
+void RequireRoom(std::size_t size) { FreeBlock(AllocateBlock(size), size); }
 
 }  // namespace
 
@@ -22,55 +30,52 @@ TextLoader::TextLoader(QPlainTextEdit& field) : field_(field) {
 }
 
 void TextLoader::Load(const String& text) {
+  RequireRoom(kRoomForSlice);
+  const QScopedValueRollback filling(filling_, true);
   waiting_.clear();
-  text_ = text;
-  rest_ = text_.Bytes();
-  {
-    const QScopedValueRollback filling(filling_, true);
-    field_.document()->setUndoRedoEnabled(false);
-    field_.setPlainText(TakeSlice());
-  }
-  if (IsWhole())
-    BecomeWhole();
-  else
-    betweenEvents_.start(0, this);
+  rest_ = text;
+  // To free the old document takes as long as all the rest of this, so it happens in a turn of its own.
+  const std::shared_ptr<QTextDocument> old(field_.document());
+  old->setParent(nullptr);  // or the field would free it at once
+  field_.setDocument(nullptr);
+  field_.document()->setDefaultFont(old->defaultFont());
+  field_.document()->setUndoRedoEnabled(false);
+  QTimer::singleShot(1, [old] {});
+  AddSlice();
+  field_.moveCursor(QTextCursor::Start);
 }
 
 /// About a slice of whole lines, or one line, however long: adding to a line that is shown already would take the
 /// square of its length.
 QString TextLoader::TakeSlice() {
-  std::size_t size = rest_.size();
+  const std::string_view rest = rest_.Bytes();
+  std::size_t size = rest.size();
   if (size > kSliceSize) {
-    std::size_t lineEnd = rest_.rfind('\n', kSliceSize - 1);
-    if (lineEnd == std::string_view::npos) lineEnd = rest_.find('\n', kSliceSize);
+    std::size_t lineEnd = rest.rfind('\n', kSliceSize - 1);
+    if (lineEnd == std::string_view::npos) lineEnd = rest.find('\n', kSliceSize);
     size = std::min(size - 1, lineEnd) + 1;
   }
-  QString slice = ToQString(rest_.substr(0, size));
-  rest_.remove_prefix(size);
+  QString slice = ToQString(rest.substr(0, size));
+  rest_ = rest_.Slice(size);
   return slice;
 }
 
 void TextLoader::AddSlice() {
-  const QScopedValueRollback filling(filling_, true);
-  QTextCursor end(field_.document());
-  end.movePosition(QTextCursor::End);
-  end.insertText(TakeSlice());
-}
-
-void TextLoader::BecomeWhole() {
-  betweenEvents_.stop();
-  text_ = String();
+  betweenEvents_.stop();  // an error here, such as want of memory, shall not come back by itself
+  // The toolkit's arrays grow by doubling, so there has to be room for the whole document once more.
+  const QTextDocument& document = *field_.document();
+  RequireRoom(kRoomForSlice + kBytesPerLine * static_cast<std::size_t>(document.blockCount()) +
+              sizeof(QChar) * static_cast<std::size_t>(document.characterCount()));
+  {
+    const QScopedValueRollback filling(filling_, true);
+    QTextCursor end(field_.document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(TakeSlice());
+  }
+  if (!IsWhole()) return betweenEvents_.start(0, this);
+  rest_ = String();  // lets go of the bytes
   field_.document()->setUndoRedoEnabled(true);
   for (const auto& action : std::exchange(waiting_, {})) action();
-}
-
-void TextLoader::timerEvent(QTimerEvent* /*event*/) {
-  betweenEvents_.stop();  // an error in a slice, such as want of memory, shall not come back by itself
-  AddSlice();
-  if (IsWhole())
-    BecomeWhole();
-  else
-    betweenEvents_.start(0, this);
 }
 
 void TextLoader::WhenWhole(std::function<void()> action) {
@@ -91,7 +96,6 @@ bool TextLoader::eventFilter(QObject* receiver, QEvent* event) {
     case QEvent::MouseButtonDblClick:
       return true;
     case QEvent::KeyPress:
-    case QEvent::KeyRelease:
       if (const int key = static_cast<QKeyEvent*>(event)->key(); key == Qt::Key_Tab || key == Qt::Key_Backtab)
         return false;  // it leaves the field, and what follows is not for it
       [[fallthrough]];

@@ -24,12 +24,13 @@ class TextLoader final : public QObject {
   /// For a field that outlives the loader.
   explicit TextLoader(QPlainTextEdit& field);
 
-  /// Replaces the field's text. What waits is forgotten: it was meant for the text before.
+  /// Replaces the field's text. What waits is forgotten: it was meant for the text before. Where there is no memory to
+  /// begin with it, this raises std::bad_alloc, and the field keeps its text.
   void Load(const String& text);
 
-  bool IsWhole() const { return rest_.empty(); }
+  bool IsWhole() const { return LenB(rest_) == 0; }
   /// The end of the text, which the field does not hold yet.
-  std::string_view Rest() const { return rest_; }
+  const String& Rest() const { return rest_; }
   /// Whether it is the loader that changes the document at the moment, and nobody else.
   bool IsFilling() const { return filling_; }
 
@@ -40,16 +41,14 @@ class TextLoader final : public QObject {
 
  protected:
   bool eventFilter(QObject* receiver, QEvent* event) override;
-  void timerEvent(QTimerEvent* event) override;
+  void timerEvent(QTimerEvent* /*event*/) override { AddSlice(); }
 
  private:
   QString TakeSlice();
   void AddSlice();
-  void BecomeWhole();
 
   QPlainTextEdit& field_;
-  String text_;            // holds the bytes of the rest
-  std::string_view rest_;  // begins with a line
+  String rest_;  // of the text; begins with a line
   bool filling_ = false;
   QBasicTimer betweenEvents_;
   std::vector<std::function<void()>> waiting_;
