@@ -78,9 +78,7 @@ void TextField::SetText(const String& text) {
   events_.textChanged();
 }
 
-bool TextField::IsEmpty() const {
-  return unedited_ ? LenB(*unedited_) == 0 : document()->isEmpty() && loader_.IsWhole();
-}
+bool TextField::IsEmpty() const { return document()->isEmpty() && loader_.IsWhole(); }
 
 void TextField::TextWasChanged() {
   if (loader_.IsFilling()) return;
