@@ -85,9 +85,6 @@ Runtime::Runtime(int& argc, char** argv, const String& id) {
   qInstallMessageHandler(DiscardMessages);
   QCoreApplication::setApplicationName(ToQString(id));
   QGuiApplication::setDesktopFileName(ToQString(id));
-  // The program ends when its window has been closed. The toolkit would end it with the last visible window, and that
-  // may be an alert that closes before the window has been shown.
-  QGuiApplication::setQuitOnLastWindowClosed(false);
   toolkit_ = std::make_shared<GuardedApplication>(argc, argv);
   QApplication::setWindowIcon(ProgramIcon());
   // The end of the session is announced, and then the program may not be asked again.
