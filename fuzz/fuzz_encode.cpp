@@ -51,11 +51,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   // In a block of its own: the sanitizer sees a step beyond its end.
   const String file = String::Build(size, [&](char* room) { return bytes.copy(room, size); });
   const String text = ReplaceLineEndings(DecodeText(file), EndOfLine());
-  const std::string expectedText = model::TextOfFile(bytes);
-  Expect(std::string(text.Bytes()), expectedText, "text");
+  const QString expectedText = model::TextOfFile(QByteArray::fromStdString(bytes));
+  Expect(std::string(text.Bytes()), expectedText.toStdString(), "text");
 
   const Ref<StringArray> lines = ElementLines(text);
-  Expect(WrittenFile(lines, ElementFileFormat::kPalmDatabase), model::SavedFile(expectedText, true), "Palm database");
-  Expect(WrittenFile(lines, ElementFileFormat::kPocketPcFile), model::SavedFile(expectedText, false), "Pocket PC file");
+  const std::string palm = model::SavedFile(expectedText, true).toStdString();
+  const std::string pocketPc = model::SavedFile(expectedText, false).toStdString();
+  Expect(WrittenFile(lines, ElementFileFormat::kPalmDatabase), palm, "Palm database");
+  Expect(WrittenFile(lines, ElementFileFormat::kPocketPcFile), pocketPc, "Pocket PC file");
   return 0;
 }

@@ -2,26 +2,20 @@
 #pragma once
 
 #include <QtTest>
-#include <string>
 
-inline std::string ReadFile(const QString& path) {
+#include "services/base/string.h"
+
+inline QByteArray ReadFile(const QString& path) {
   QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "cannot be read";
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : "cannot be read";
 }
 
-inline QString WriteFile(const QString& path, const std::string& bytes) {
+inline QString WriteFile(const QString& path, const QByteArray& bytes) {
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly)) qFatal("cannot write a file of the test");
-  file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+  file.write(bytes);
   return path;
 }
 
-/// Shows the bytes of a failed comparison.
-template <>
-inline char* QTest::toString(const std::string_view& bytes) {
-  return QTest::toString(QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())));
-}
-template <>
-inline char* QTest::toString(const std::string& bytes) {
-  return QTest::toString(std::string_view(bytes));
-}
+/// The bytes of a text; a comparison that fails shows them.
+inline QByteArray Bytes(const celestrix::String& text) { return {text.Bytes().data(), LenB(text)}; }

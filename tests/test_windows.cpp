@@ -22,18 +22,14 @@ class TestWindows : public QObject {
                                                 {"a|b", "“%1” could not be created: Invalid argument."}};
     for (const auto& [name, outcome] : rows) {
       const FolderItem item(QFileInfo(folder.filePath(name)).filesystemFilePath());
-      const QString shownPath = QDir::toNativeSeparators(folder.filePath(name));
       try {
         item.CreateTextFile()->WriteLine("line"_s);
-        QCOMPARE(item.OpenAsTextFile()->ReadAll().Bytes(), outcome.toStdString());
+        QCOMPARE(Bytes(item.OpenAsTextFile()->ReadAll()), outcome.toUtf8());
       } catch (const NilObjectException& error) {
-        QCOMPARE(QString(error.what()), outcome.arg(shownPath));
+        QCOMPARE(QString(error.what()), outcome.arg(QDir::toNativeSeparators(folder.filePath(name))));
       }
     }
     CloseHandle(useByOther);
-  }
-
-  void filesOfOtherMachinesAreFiles() {
     QCOMPARE(LocalFile(QUrl("file://server/share/a%20b.txt")), "//server/share/a b.txt");
   }
 };
