@@ -80,8 +80,8 @@ void TypeAt(Watch& watch, QTextCursor::MoveOperation place, const char* measure)
   watch.ReportWhen([&] { return watch.hasDrawn; }, measure);
 }
 
-/// Clicks "Save..." and accepts the dialog with that file. What counts begins when the dialog is gone. (That the system
-/// stops to watch its folder for it, which may take 25 ms, does not count: it happens before.)
+/// Clicks "Save..." and accepts the dialog with that file. What counts begins when the dialog is gone. (The system
+/// may take 25 ms to stop watching the dialog's folder. That does not count: it happens before.)
 void Save(Watch& watch, QPushButton* save, const QString& output, const std::string& measure) {
   QFile::remove(output);
   QTimer looksForDialog;

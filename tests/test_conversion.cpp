@@ -2,7 +2,6 @@
 #include "app/file_types.h"
 #include "core/element_file.h"
 #include "core/element_lines.h"
-#include "core/palm_database.h"
 #include "services/base/background_task.h"
 #include "services/base/folder_item.h"
 #include "tests/files.h"
@@ -16,7 +15,7 @@ class TestConversion : public QObject {
  private slots:
   void initTestCase() { FileTypes1::_Initialize(); }
 
-  void everyTextIsSavedAsTheModelSaysIt() {
+  void everyTextIsSavedAsTheModelSays() {
     const QStringList ends = {"",       "  ", "\t", "\v\f", "\r",     "\u00A0",          "\u2003",    "\u3000",
                               "\u200B", "é",  "éé", "x",    "\u0085", QString(QChar(0)), "\U0001F6F0"};
     const int widths[] = {0, 0, 0, 1, 30, 67, 68, 69, 70, 71, 72, 200};
@@ -33,13 +32,6 @@ class TestConversion : public QObject {
       QVERIFY2(Saved(text, true) == model::SavedFile(text, true), qUtf8Printable("Palm: " + text));
       QVERIFY2(Saved(text, false) == model::SavedFile(text, false), qUtf8Printable("Pocket PC: " + text));
     }
-  }
-
-  void aLongNameIsCutToItsField() {
-    const Ref<BinaryStream> stream = FolderItem(path_.toStdString()).CreateBinaryFile(*FileTypes1::PDBFile());
-    WriteDatabaseName(stream, String(std::string(40, 'n')));
-    stream->Close();
-    QCOMPARE(ReadFile(path_).left(32), QByteArray(31, 'n') + '\0');
   }
 
   void everyPassYieldsOnce() {

@@ -30,10 +30,11 @@ class TestProgram : public QObject {
       program.start("sh", {"-c",
                            "export XDG_CONFIG_HOME=$PWD/config LC_ALL=de_DE.UTF-8; echo 1st >linked\n"
                            "P=config/CelestrixSatellite.prefs; " +
-                               before + "; exec $starter \"$CELESTRIX_PROGRAM\""});
+                               before + "; exec env --default-signal=INT,HUP,TERM $starter \"$CELESTRIX_PROGRAM\""});
       QVERIFY2(program.waitForStarted(), qPrintable("waited for the shell: " + name));
       const qint64 id = program.processId();
-      QTRY_VERIFY2_WITH_TIMEOUT(Has(id, "SigCgt", SIGTERM), qPrintable("waited for its start: " + name), 20000);
+      QTRY_VERIFY2_WITH_TIMEOUT(Has(id, "SigCgt", signal) && Has(id, "SigCgt", SIGTERM),
+                                qPrintable("waited for its start: " + name), 20000);
       QCOMPARE(std::pair(name, Has(id, "SigIgn", SIGHUP)), std::pair(name, before == "starter=nohup"));
       kill(static_cast<pid_t>(id), signal);
       QVERIFY2(program.waitForFinished(), qPrintable("waited for the program to end: " + name));

@@ -13,7 +13,7 @@ class TestRestlessUser : public QObject {
     twin_.setWordWrapMode(QTextOption::WrapAnywhere);
     twin_.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     twin_.resize(w_.txt->size());
-    twin_.setAttribute(Qt::WA_DontShowOnScreen);  // it shall not become the active window
+    twin_.setAttribute(Qt::WA_DontShowOnScreen);  // it must not become the active window
     twin_.show();
   }
 
@@ -67,12 +67,6 @@ class TestRestlessUser : public QObject {
   void Types() {
     const Qt::Key keys[] = {Qt::Key_X, Qt::Key_Return, Qt::Key_Space, Qt::Key_Backspace, Qt::Key_Delete};
     for (int presses = Any(8); presses > 0; --presses) Press(keys[Any(5)], {});
-    w_.Text();  // the keys go first
-    if (w_.IsWhole()) return;
-    w_.txt->insertPlainText("new");  // as accessibility clients do, who do not wait; it cannot be undone
-    twin_.document()->setUndoRedoEnabled(false);
-    twin_.insertPlainText("new");
-    twin_.document()->setUndoRedoEnabled(true);
   }
 
   void Moves() {
@@ -114,6 +108,11 @@ class TestRestlessUser : public QObject {
     if (way >= 2) w_.Drop(text);
     if (way < 2) w_.Click(w_.browse, way == 0 ? "" : WriteFile(folder_.filePath("brought.txt"), text.toUtf8()));
     if (way != 0) twin_.setPlainText(way == 1 ? model::TextOfFile(text.toUtf8()) : text);
+    if (w_.IsWhole()) return;
+    w_.txt->insertPlainText("new");  // as accessibility clients do, who do not wait; it cannot be undone
+    twin_.document()->setUndoRedoEnabled(false);
+    twin_.insertPlainText("new");
+    twin_.document()->setUndoRedoEnabled(true);
   }
 
   void Saves() {

@@ -143,6 +143,10 @@ class TestWindow : public QObject {
     QVERIFY(w.Command("EditSelectAll")->isEnabled());
     w.browse->setFocus();
     QVERIFY(!w.Command("EditSelectAll")->isEnabled());
+    for (const QWidget* next : std::initializer_list<QWidget*>{w.save, w.palm, w.txt, w.browse}) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      QCOMPARE(QApplication::focusWidget(), next);
+    }
   }
 
   void aPreferenceForNothing() {
@@ -193,6 +197,7 @@ class TestWindow : public QObject {
       QTest::keyClick(w.txt, key);
       QCOMPARE(std::pair(key, QApplication::focusWidget() == w.txt), std::pair(key, false));
     }
+    QVERIFY(!w.IsWhole());
     RuntimeWindowControlByName(w.window, "txt"_s).As<EditField>()->Text("short"_s);  // the key was for the text before
     QCOMPARE(w.Text(), "short");
   }
@@ -242,7 +247,9 @@ class TestWindow : public QObject {
       if (w.frame->isVisible()) then += "still open";
       if (ReadFile(path).size() < 78 + 221 * 8000) then += "still saving";
     };
-    w.inDialog = [&] { QTimer::singleShot(0, inTheMiddle); };
+    w.inDialog = [&] {  // with the first yield of the save
+      connect(QApplication::activeModalWidget(), &QObject::destroyed, qApp, inTheMiddle, Qt::QueuedConnection);
+    };
     w.Click(w.save, path);
     QCOMPARE(then, QStringList({"copied", "still Palm", "still open", "still saving"}));
     QCOMPARE(ReadFile(path), model::SavedFile(kLongText, true));

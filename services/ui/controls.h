@@ -144,8 +144,8 @@ class EditField : public RectControl {
   void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
-/// Applies a layout's properties to a control that has been added to its window, and shows it there. Raises
-/// RuntimeException where InitialParent names no control before it.
+/// Applies a layout's properties to a control that has been added to its window. To be called before the window is
+/// shown, which puts the control in its place. Raises RuntimeException where InitialParent names no control before it.
 void _SetProperties(const Ref<RectControl>& control, const ControlProperties& properties);
 
 /// Connects an event of the control to a handler, in place of an earlier one.

@@ -19,6 +19,8 @@ void RaiseEvent(std::function<void()> handler) {
   waiting.push_back(std::move(handler));
   if (isRunning) return;
 
+  // Also where an alert itself fails, as it may when there is no memory.
+  const std::shared_ptr<void> whenDone(nullptr, [](void* /*nothing*/) { isRunning = false; });
   isRunning = true;
   while (!waiting.empty()) {
     const std::function<void()> next = std::move(waiting.front());
@@ -29,7 +31,6 @@ void RaiseEvent(std::function<void()> handler) {
       RuntimeUnhandledException(error);
     }
   }
-  isRunning = false;
 }
 
 void DropEvents() {

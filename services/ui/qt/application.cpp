@@ -72,8 +72,7 @@ class GuardedApplication final : public QApplication {
       // Somebody may wait for the event's end, as a drag's source does. So the error takes its turn, as if a handler
       // had raised it.
       const auto raise = [error = std::current_exception()] { std::rethrow_exception(error); };
-      QMetaObject::invokeMethod(
-          this, [raise] { RaiseEvent(raise); }, Qt::QueuedConnection);
+      QTimer::singleShot(0, [raise] { RaiseEvent(raise); });
       return true;
     }
   }
@@ -121,7 +120,7 @@ bool IsEndedBySystem() { return endedBySystem; }
 
 void RuntimeUnhandledException(const std::exception& error) {
   if (endedBySystem) return;
-  // The standard library's own text for want of memory is a type name.
+  // The standard library's own text for a lack of memory is a type name.
   const bool noMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
   const QString text = noMemory ? QStringLiteral("There is not enough memory.") : QString::fromUtf8(error.what());
   if (QThread::currentThread()->loopLevel() > 0)

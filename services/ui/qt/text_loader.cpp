@@ -1,5 +1,6 @@
 #include "services/ui/qt/text_loader.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
@@ -14,12 +15,12 @@ namespace celestrix {
 
 namespace {
 
-constexpr std::size_t kSliceSize = 128 * 1024;  // bytes; some eight milliseconds of the toolkit's time
-constexpr std::size_t kBytesPerLine = 150;      // which the toolkit needs beside its characters
-constexpr std::size_t kRoomForSlice = 8 << 20;  // bytes; for a slice itself, a long line's too
+constexpr std::size_t kSliceSize = 128 * 1024;   // bytes; some eight milliseconds of the toolkit's time
+constexpr std::size_t kBytesPerLine = 150;       // which the toolkit needs besides its characters
+constexpr std::size_t kRoomForSlice = 24 << 20;  // bytes; for a slice itself, which may be the longest line
 
-/// Raises std::bad_alloc where there is no memory for so many bytes. The toolkit does not survive it where it finds
-/// none itself.
+/// Raises std::bad_alloc where there is no memory for so many bytes. The toolkit itself does not survive running out
+/// of it.
 void RequireRoom(std::size_t size) { FreeBlock(AllocateBlock(size), size); }
 
 }  // namespace
@@ -30,17 +31,21 @@ TextLoader::TextLoader(QPlainTextEdit& field) : field_(field) {
 }
 
 void TextLoader::Load(const String& text) {
-  RequireRoom(kRoomForSlice);
+  RequireRoom(2 * kRoomForSlice);  // more than the first slice asks for: once the old text is gone, nothing may fail
   const QScopedValueRollback filling(filling_, true);
   waiting_.clear();
   rest_ = text;
-  // To free the old document takes as long as all the rest of this, so it happens in a turn of its own.
-  const std::shared_ptr<QTextDocument> old(field_.document());
-  old->setParent(nullptr);  // or the field would free it at once
+  // Freeing the old document takes as long as everything else here, so it happens in a turn of its own.
+  QTextDocument* const old = field_.document();
+  old->setParent(this);           // or the field would free it at once
+  if (QAccessible::isActive()) {  // the toolkit tells the clients of what is removed from a document, not of this
+    QAccessibleTextRemoveEvent removal(&field_, 0, QString(old->characterCount() - 1, ' '));
+    QAccessible::updateAccessibility(&removal);
+  }
   field_.setDocument(nullptr);
   field_.document()->setDefaultFont(old->defaultFont());
   field_.document()->setUndoRedoEnabled(false);
-  QTimer::singleShot(1, [old] {});
+  QTimer::singleShot(1, old, &QObject::deleteLater);
   AddSlice();
   field_.moveCursor(QTextCursor::Start);
 }
@@ -61,7 +66,7 @@ QString TextLoader::TakeSlice() {
 }
 
 void TextLoader::AddSlice() {
-  betweenEvents_.stop();  // an error here, such as want of memory, shall not come back by itself
+  betweenEvents_.stop();  // an error here, such as a lack of memory, must not repeat itself
   // The toolkit's arrays grow by doubling, so there has to be room for the whole document once more.
   const QTextDocument& document = *field_.document();
   RequireRoom(kRoomForSlice + kBytesPerLine * static_cast<std::size_t>(document.blockCount()) +
@@ -89,18 +94,19 @@ void TextLoader::AwaitWaiting() const {
 }
 
 bool TextLoader::eventFilter(QObject* receiver, QEvent* event) {
-  if (IsWhole()) return false;
   switch (event->type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
-      return true;
+      return pressIsIgnored_ = !IsWhole();
+    case QEvent::MouseButtonRelease:
+      return std::exchange(pressIsIgnored_, false);  // the field gets it if it got the press
     case QEvent::KeyPress:
       if (const int key = static_cast<QKeyEvent*>(event)->key(); key == Qt::Key_Tab || key == Qt::Key_Backtab)
         return false;  // it leaves the field, and what follows is not for it
       [[fallthrough]];
     case QEvent::InputMethod:
     case QEvent::ContextMenu:
+      if (IsWhole()) return false;
       WhenWhole([receiver, later = std::shared_ptr<QEvent>(event->clone())] {
         QCoreApplication::sendEvent(receiver, later.get());
       });

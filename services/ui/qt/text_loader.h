@@ -25,7 +25,9 @@ class TextLoader final : public QObject {
   explicit TextLoader(QPlainTextEdit& field);
 
   /// Replaces the field's text. What waits is forgotten: it was meant for the text before. Where there is no memory to
-  /// begin with it, this raises std::bad_alloc, and the field keeps its text.
+  /// begin with it, this raises std::bad_alloc, and the field keeps its text. Where it runs out later, the event that
+  /// adds the slice raises it. The field then shows the beginning of the text, and the rest is kept: the next key or
+  /// command tries to go on.
   void Load(const String& text);
 
   bool IsWhole() const { return LenB(rest_) == 0; }
@@ -50,6 +52,7 @@ class TextLoader final : public QObject {
   QPlainTextEdit& field_;
   String rest_;  // of the text; begins with a line
   bool filling_ = false;
+  bool pressIsIgnored_ = false;  // until its release
   QBasicTimer betweenEvents_;
   std::vector<std::function<void()>> waiting_;
 };

@@ -26,7 +26,7 @@ class Content final : public QWidget {
     if (*properties.InitialParent != '\0') return PlaceInside(Parent(properties), widget, properties);
     // The text right before a control is its label, for those who hear the window instead of seeing it.
     if (auto* label = placed_.empty() ? nullptr : qobject_cast<QLabel*>(placed_.back().widget)) label->setBuddy(widget);
-    placed_.push_back({widget, properties});  // resizeEvent, which comes before the window is seen, puts it there
+    placed_.push_back({widget, properties});  // put there by resizeEvent, before the window is seen
   }
 
  protected:
