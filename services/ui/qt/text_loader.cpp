@@ -32,7 +32,6 @@ TextLoader::TextLoader(QPlainTextEdit& field) : field_(field) {
 
 void TextLoader::Load(const String& text) {
   RequireRoom(2 * kRoomForSlice);  // more than the first slice asks for: once the old text is gone, nothing may fail
-  const QScopedValueRollback filling(filling_, true);
   waiting_.clear();
   rest_ = text;
   // Freeing the old document takes as long as everything else here, so it happens in a turn of its own.
