@@ -19,7 +19,7 @@ void RaiseEvent(std::function<void()> handler) {
   waiting.push_back(std::move(handler));
   if (isRunning) return;
 
-  // Also where an alert itself fails, as it may when there is no memory.
+  // On leaving, also where the alert itself fails, as it may when there is no memory.
   const std::shared_ptr<void> whenDone(nullptr, [](void* /*nothing*/) { isRunning = false; });
   isRunning = true;
   while (!waiting.empty()) {
