@@ -2,7 +2,7 @@
 // clicks, commands and texts. After each deed the window's field must hold what the twin holds.
 //
 // The order comes from a seed, which is printed; CELESTRIX_SEED repeats a run, CELESTRIX_DEEDS makes it longer.
-#include "tests/window_fixture.h"
+#include "tests/window/fixture.h"
 
 class TestRestlessUser : public QObject {
   Q_OBJECT
@@ -82,7 +82,8 @@ class TestRestlessUser : public QObject {
     const char* const items[] = {"EditUndo", "EditCut", "EditCopy", "EditPaste", "EditClear", "EditSelectAll"};
     const int item = Any(6);
     const QString selected = WithLineFeeds(twin_.textCursor().selectedText());
-    QApplication::setActiveWindow(w_.frame);  // after a dialog none is, on this platform
+    w_.frame->activateWindow();  // after a dialog none is, on this platform
+    QTRY_VERIFY(w_.frame->isActiveWindow());
     w_.txt->setFocus();
     const bool hasSelection = !selected.isEmpty(), canPaste = !QGuiApplication::clipboard()->text().isEmpty();
     const bool applies[] = {twin_.document()->isUndoAvailable(), hasSelection, hasSelection, canPaste, hasSelection,

@@ -26,7 +26,8 @@ class TestedWindow final : public QObject {
   QStringList alerts;
 
   TestedWindow() {
-    QApplication::setActiveWindow(frame);
+    frame->activateWindow();
+    if (!QTest::qWaitForWindowActive(frame)) qFatal("the window does not become the active one");
     Look();
   }
   ~TestedWindow() override {
