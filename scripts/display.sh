@@ -1,0 +1,235 @@
+# To be sourced, in the project's folder: a display in memory, the program on it, and its user's hand and eye.
+#
+#   use_program PROGRAM    # a Linux program, or an .exe, which then runs under Wine
+#   start_display
+#   start_program; click browse; answer_dialog FILE; close_program press alt+F4
+#
+# The program sees nothing of the caller's desktop: display, home folder and settings are its own. All of it goes when
+# the script ends, however it ends. If a step fails, the message says which, and the screen is left as a picture.
+# shellcheck shell=bash disable=SC2034
+
+example=examples/stations.txt
+patience=${CELESTRIX_PATIENCE:-120} # seconds for each step: a slow machine must not look like a broken program
+
+# The window's content at scale 1, as window/layout.cpp has it. The menu bar stands above it, as high as its font.
+content_height=426
+declare -A places=([browse]='60 390' [palm]='190 390' [pocket_pc]='300 390' [save]='446 390' [field]='200 200')
+field_text='30 91 436 255' # left, top, width, height
+scale=1
+
+work=$(mktemp -d)
+folder="$work/Sätze von heute" # with a text in it
+display_id=
+program_id=
+helpers=() # other processes that end with the script
+closing=no
+
+# ---- What differs between the systems
+
+use_program() {
+  program=$(realpath "$1")
+  if [[ $program == *.exe ]]; then use_wine; else use_linux; fi
+  mkdir -p "$out" "$folder" "$work/home/.config" "$work/runtime"
+  chmod 700 "$work/runtime"
+  cp "$example" "$folder/stations.txt"
+}
+
+use_linux() {
+  # "disabled:" keeps libraries from starting a message bus that would outlive the display.
+  environment=(PATH="$PATH" LANG=C.UTF-8 HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config"
+    XDG_RUNTIME_DIR="$work/runtime" DBUS_SESSION_BUS_ADDRESS=disabled:)
+  launcher=()
+  out=$PWD/out
+  preference=$work/home/.config/CelestrixSatellite.prefs
+  select_all=(ctrl+a)
+  name_for_program() { echo "$1"; }
+  end_session() { kill -TERM "$program_id"; }
+  may_be_killed_by() { false; }
+  end_system() { :; }
+}
+
+use_wine() {
+  source scripts/wine.sh
+  make_wine_prefix
+  environment=("${wine_environment[@]}")
+  # shellcheck disable=SC2016 # The shell in between keeps to itself that it was killed.
+  launcher=(sh -c 'wine "$0"; exit')
+  out=$PWD/out/windows
+  preference=$wine_prefix/drive_c/users/$(id -un)/AppData/Roaming/CelestrixSatellite.prefs
+  select_all=(Home shift+End) # the name field of the system's dialogs knows no Ctrl+A
+  name_for_program() { windows_path "$1"; }
+  end_session() { start wine wineboot --end-session; }
+  may_be_killed_by() { [[ $1 == end_session ]]; } # which does not wait until those that it asked have ended
+  end_system() { env -i "${environment[@]}" wineserver -k; }
+}
+
+# ---- What runs
+
+clean_up() {
+  local status=$? helper
+  exec 2>/dev/null # what the shell says of killed processes is no news
+  for helper in "$program_id" "${helpers[@]}"; do
+    [[ -z $helper ]] || kill -KILL "$helper" || true
+  done
+  end_system
+  # The window manager goes with the display. The display is asked: it has files of its own to remove.
+  [[ -z $display_id ]] || kill -TERM "$display_id" || true
+  wait
+  rm -rf "${work:?}"
+  exit "$status"
+}
+trap clean_up EXIT
+trap 'exit 1' HUP INT TERM
+
+promise= # what is being checked, in words; a failure names it
+fail() {
+  local picture=${0##*/}
+  picture=$out/${picture%.*}.failure.png
+  echo "${0##*/}: ${promise:+$promise: }$*" >&2
+  [[ ! -s $work/log ]] || tail -n 20 "$work/log" >&2
+  if [[ -n $display_id ]] && picture_of_screen "$picture"; then echo "The screen: $picture" >&2; fi
+  exit 1
+}
+
+# await WHAT COMMAND...: repeats the command until it succeeds.
+await() {
+  local what=$1 end=$((SECONDS + patience))
+  shift
+  until "$@" 2>/dev/null; do
+    [[ -z $program_id || $closing == yes ]] || kill -0 "$program_id" 2>/dev/null ||
+      fail "expected: $what; the program ended"
+    ((SECONDS < end)) || fail "expected: $what; not in $patience seconds"
+    sleep 0.1
+  done
+}
+
+# Runs a command in the background, in an environment of its own. Its number is then $!.
+start() { env -i "${environment[@]}" "$@" &>>"$work/log" & }
+
+# start_program [NAME=VALUE...]: with these in its environment.
+start_program() {
+  start "$@" "${launcher[@]}" "$program"
+  program_id=$!
+  closing=no
+  await 'the window' find_window
+  await 'the window has the keyboard focus' is_active
+}
+
+# close_program COMMAND...: by this command.
+close_program() {
+  local status=0
+  closing=yes
+  "$@"
+  await 'the end of the program' has_ended
+  wait "$program_id" 2>/dev/null || status=$?
+  program_id=
+  ((status == 0)) || may_be_killed_by "$1" || fail "expected: the program ends with status 0; came: $status"
+}
+has_ended() { ! kill -0 "$program_id"; }
+
+keeps() { [[ $(<"$preference") == "$1" ]] || fail "expected: $preference holds $1; came: $(<"$preference")"; }
+
+# ---- The display: X11
+
+start_display() {
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" &>>"$work/log" &
+  display_id=$!
+  await 'the virtual display' grep -q . "$work/display"
+  DISPLAY=:$(<"$work/display")
+  export DISPLAY
+  environment+=(DISPLAY="$DISPLAY")
+  # It announces itself on the display before it is ready, and may never show a window that comes in between.
+  # The command it is given runs when it is.
+  start openbox --startup "touch '$work/ready'"
+  await 'the window manager' test -e "$work/ready"
+}
+
+find_window() { window=$(xdotool search --onlyvisible --name '^Celestrix Satellite Encoder$'); }
+active_window() { xdotool getactivewindow; }
+activate() { xdotool windowactivate "$window"; }
+visible_windows() { xdotool search --onlyvisible --name .; }
+title_of() { xdotool getwindowname "$1"; }
+window_height() { xdotool getwindowgeometry --shell "$window" | sed -n 's/^HEIGHT=//p'; }
+
+press() { xdotool key "$@"; }
+move_mouse() { xdotool mousemove --window "$window" "$1" "$2"; }
+move_mouse_away() { xdotool mousemove 1279 1023; }
+mouse_button() { xdotool "mouse$1" 1; } # down, up
+
+put_into_clipboard() { xclip -selection clipboard &>>"$work/log"; } # from the standard input
+clipboard() { xclip -selection clipboard -o; }
+
+picture_of_window() { timeout 20 import -silent -window "$window" ppm:-; }
+picture_of_screen() { timeout 20 import -silent -window root "$1"; }
+
+# ---- The user's hand and eye
+
+is_active() { [[ $(active_window) == "$window" ]]; }
+
+# point LEFT TOP: in the window's content.
+point() { move_mouse $(($1 * scale)) $(($2 * scale + $(window_height) - content_height * scale)); }
+
+# click PLACE: one of those above.
+click() {
+  # shellcheck disable=SC2086
+  point ${places[$1]}
+  mouse_button down
+  mouse_button up
+}
+
+# choose_file PATH: in the dialog that a click opens.
+choose_file() {
+  await 'a dialog' has_dialog
+  # Pasted, because not every keyboard has every letter.
+  name_for_program "$1" | tr -d '\n' | put_into_clipboard
+  press "${select_all[@]}" ctrl+v Return
+}
+
+# answer_dialog PATH [replace]: chooses the file, agrees that it is replaced, and waits for the dialog's end.
+answer_dialog() {
+  choose_file "$1"
+  if [[ ${2:-} == replace ]]; then
+    await 'the question whether to replace the file' has_question
+    press alt+y
+  fi
+  await 'the end of the dialog' is_back
+}
+
+dismiss_dialog() {
+  await 'a dialog' has_dialog
+  press Escape
+  await 'the end of the dialog' is_back
+}
+
+has_dialog() { dialog=$(active_window) && [[ $dialog != "$window" ]]; }
+has_question() { [[ $(active_window) != "$dialog" ]]; }
+# When two dialogs end at once, or one under Wine, the focus may be with no window.
+is_back() { [[ $(visible_windows) == "$window" ]] && activate && is_active; }
+
+browse_example() {
+  click browse
+  answer_dialog "$folder/stations.txt"
+  await 'a text in the field' shows_text
+}
+
+is_empty() { ! shows_text; }
+shows_text() {
+  local left top width height
+  read -r left top width height <<<"$field_text"
+  top=$((top + $(window_height) / scale - content_height))
+  local part=$((width * scale))x$((height * scale))+$((left * scale))+$((top * scale))
+  (($(picture_of_window | convert ppm:- -crop "$part" -format %k info:) > 1))
+}
+
+# take_picture FILE: of the window.
+take_picture() {
+  move_mouse_away # no button shall look as if the mouse were on it
+  await 'a window that stands still' stands_still
+  convert "$work/now.ppm" -define png:exclude-chunks=date,time "$1"
+}
+stands_still() {
+  picture_of_window >"$work/before.ppm"
+  sleep 0.2
+  picture_of_window >"$work/now.ppm"
+  cmp -s "$work/before.ppm" "$work/now.ppm"
+}
