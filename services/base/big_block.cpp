@@ -1,3 +1,4 @@
+// Linux alone is told about large pages; elsewhere this is standard C++ and no more.
 #include "services/base/big_block.h"
 
 #include <new>

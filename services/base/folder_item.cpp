@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "services/base/file_type.h"
+#include "services/base/system_reason.h"
 #include "services/base/text_decoder.h"
 
 namespace celestrix {
@@ -20,25 +21,26 @@ std::string CouldNot(const char* done, fs::path path, const std::string& reason)
   return "“" + std::string(name.begin(), name.end()) + "” could not be " + done + ": " + reason + ".";
 }
 
-std::string SystemReason() { return std::generic_category().message(errno); }
+/// Why the last operation on a file failed.
+std::string LastReason() { return SystemReason({errno, std::generic_category()}); }
 
 /// Why what stands at the path must not be opened; nothing where opening it may be tried.
 std::optional<std::string> WhyNotAFile(const fs::path& path, bool forWriting) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
-  if (status.type() == fs::file_type::none) return error.message();
-  if (fs::is_directory(status)) return std::generic_category().message(EISDIR);
+  if (status.type() == fs::file_type::none) return SystemReason(error);
+  if (fs::is_directory(status)) return SystemReason(make_error_code(std::errc::is_a_directory));
   // Where there is nothing, a new file may be made; if it is not, opening it has the better reason.
   const bool mayTry =
       fs::is_regular_file(status) || !fs::exists(status) || (forWriting && fs::is_character_file(status));
   return mayTry ? std::nullopt : std::optional<std::string>("It is not a file");
 }
 
-/// Creates the file empty and opens it; returns why that failed, or "".
-std::string CreateEmpty(const fs::path& path, std::filebuf& file) {
+/// Creates the file empty and opens it; returns why that failed, or nothing.
+std::optional<std::string> CreateEmpty(const fs::path& path, std::filebuf& file) {
   if (const auto reason = WhyNotAFile(path, true)) return CouldNot("created", path, *reason);
-  const bool isOpen = file.open(path, std::ios::out | std::ios::binary | std::ios::trunc) != nullptr;
-  return isOpen ? "" : CouldNot("created", path, SystemReason());
+  if (file.open(path, std::ios::out | std::ios::binary | std::ios::trunc) != nullptr) return std::nullopt;
+  return CouldNot("created", path, LastReason());
 }
 
 /// All bytes of the file up to its end, which need not be where the system says: some file systems say 0 for a file
@@ -91,22 +93,22 @@ Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
   if (const auto reason = WhyNotAFile(path_, false)) return nil(*reason);
   std::filebuf file;
   file.pubsetbuf(nullptr, 0);  // it is read in one piece
-  if (file.open(path_, std::ios::in | std::ios::binary) == nullptr) return nil(SystemReason());
+  if (file.open(path_, std::ios::in | std::ios::binary) == nullptr) return nil(LastReason());
   try {
     const auto bytes = ReadToEnd(file, Length());
     return bytes ? New<TextInputStream>(DecodeText(*bytes)) : nil("It is too large");
   } catch (const std::ios_base::failure& error) {  // a read that failed in the middle
-    return nil(error.code().message());
+    return nil(SystemReason(error.code()));
   }
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() const {
   std::error_code error;
   fs::create_directories(path_.parent_path(), error);
-  if (error) return Ref<TextOutputStream>::Nil(CouldNot("created", path_, error.message()));
+  if (error) return Ref<TextOutputStream>::Nil(CouldNot("created", path_, SystemReason(error)));
   std::filebuf file;
-  const std::string whyNot = CreateEmpty(path_, file);
-  return whyNot.empty() ? New<TextOutputStream>(std::move(file)) : Ref<TextOutputStream>::Nil(whyNot);
+  if (const auto whyNot = CreateEmpty(path_, file)) return Ref<TextOutputStream>::Nil(*whyNot);
+  return New<TextOutputStream>(std::move(file));
 }
 
 Ref<BinaryStream> FolderItem::CreateBinaryFile(const String& fileType) const {
@@ -114,8 +116,8 @@ Ref<BinaryStream> FolderItem::CreateBinaryFile(const String& fileType) const {
   auto buffer = std::make_unique_for_overwrite<char[]>(BinaryStream::kBufferSize);
   std::filebuf file;
   file.pubsetbuf(buffer.get(), BinaryStream::kBufferSize);
-  const std::string whyNot = CreateEmpty(path_, file);
-  return whyNot.empty() ? New<BinaryStream>(std::move(buffer), std::move(file)) : Ref<BinaryStream>::Nil(whyNot);
+  if (const auto whyNot = CreateEmpty(path_, file)) return Ref<BinaryStream>::Nil(*whyNot);
+  return New<BinaryStream>(std::move(buffer), std::move(file));
 }
 
 }  // namespace celestrix

@@ -1,7 +1,7 @@
 #include "services/base/string.h"
 
 #include <algorithm>
-#include <sstream>
+#include <charconv>
 
 #include "services/base/string_array.h"
 
@@ -118,9 +118,14 @@ String Chr(std::int32_t code) {
 }
 
 double Val(const String& text) {
+  const String trimmed = Trim(text);
+  const std::string_view rest = trimmed.Bytes();
+  // std::from_chars takes "nan" and "inf" for numbers, and knows no plus sign.
+  const std::string_view sign = rest.substr(0, rest.find_first_of("0123456789."));
+  if (!sign.empty() && sign != "+" && sign != "-") return 0;
   double number = 0;
-  std::istringstream(std::string(text.Bytes())) >> number;
-  return number;
+  std::from_chars(rest.data() + sign.size(), rest.data() + rest.size(), number);
+  return sign == "-" ? -number : number;
 }
 
 std::int32_t RuntimeCvtReal64ToSInt32(double number) {

@@ -84,8 +84,8 @@ std::int32_t Asc(const String& text);
 String Chr(std::int32_t code);
 
 /// The decimal number at the start of the text, after white space, read with a decimal point whatever
-/// the user's locale; 0 when there is none. A number too large for a double is the largest one, one too small is 0.
-/// Words such as "nan" and "inf" are no numbers, and of "0x1" only the 0 is one.
+/// the user's locale; 0 when there is none, or none that a double can hold. An exponent without its number counts
+/// for nothing: "1e" is 1. Words such as "nan" and "inf" are no numbers, and of "0x1" only the 0 is one.
 double Val(const String& text);
 
 /// The number as an Int32, its fraction cut off; INT32_MIN for one that no Int32 holds.

@@ -30,10 +30,17 @@ std::size_t FindNonAscii(std::string_view text, std::size_t begin) {
   return begin;
 }
 
+/// The size of a character of UTF-8 that begins with this byte, which is not ASCII; 0 where none does.
+std::size_t SizeByLead(unsigned char lead) {
+  if (lead < 0xC2 || lead >= 0xF5) return 0;
+  if (lead < 0xE0) return 2;
+  return lead < 0xF0 ? 3 : 4;
+}
+
 /// The size of the character that the text begins with, which is not ASCII; 0 where it is not valid UTF-8.
 std::size_t SizeOfFirstCharacter(std::string_view text) {
   const unsigned char lead = At(text, 0);
-  const std::size_t size = lead < 0xC2 ? 0 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : lead < 0xF5 ? 4 : 0;
+  const std::size_t size = SizeByLead(lead);
   if (size == 0 || size > text.size()) return 0;
   for (std::size_t i = 1; i < size; ++i)
     if ((At(text, i) & 0xC0) != 0x80) return 0;
@@ -53,12 +60,19 @@ bool IsValidUtf8(std::string_view text) {
   return true;
 }
 
+/// How many bytes follow the first one in the character's UTF-8 form.
+std::size_t BytesBehindFirst(char32_t c) {
+  if (c < 0x80) return 0;
+  if (c < 0x800) return 1;
+  return c < 0x10000 ? 2 : 3;
+}
+
 /// Writes the character's UTF-8 form and returns where it ends.
 char* PutUtf8(char* out, char32_t c) {
-  const unsigned more = c < 0x80 ? 0 : c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;  // bytes behind the first
-  const char32_t mark = more == 0 ? 0 : 0xFF00U >> (more + 1);               // of a first byte
-  *out++ = static_cast<char>(mark | c >> 6 * more);
-  for (unsigned left = more; left-- > 0;) *out++ = static_cast<char>(0x80 | (c >> 6 * left & 0x3F));
+  constexpr std::array<char32_t, 4> kFirstByteMarks = {0, 0xC0, 0xE0, 0xF0};  // by how many bytes follow
+  std::size_t left = BytesBehindFirst(c);
+  *out++ = static_cast<char>(kFirstByteMarks[left] | c >> 6 * left);
+  while (left-- > 0) *out++ = static_cast<char>(0x80 | (c >> 6 * left & 0x3F));
   return out;
 }
 

@@ -21,10 +21,8 @@ namespace celestrix {
 
 namespace {
 
-// A yield gives the event loop its turn when this much time has passed, which it looks at every so many
-// passes: reading the clock costs as much as dozens of passes.
+// A yield gives the event loop its turn when this much time has passed.
 constexpr qint64 kTurnMilliseconds = 8;
-constexpr std::int32_t kPassesPerLook = 1024;
 
 Ref<Application> registeredApplication;
 // Never destroyed: when the display dies, the toolkit ends the process at once, and windows do not survive the toolkit.
@@ -36,13 +34,12 @@ void DiscardMessages(QtMsgType type, const QMessageLogContext&, const QString& m
   if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
 }
 
-std::int32_t GiveTurnToEventLoop() {
+void GiveTurnToEventLoop() {
   static QDeadlineTimer nextTurn;
   if (nextTurn.hasExpired()) {
     QCoreApplication::processEvents();
     nextTurn.setRemainingTime(kTurnMilliseconds);
   }
-  return kPassesPerLook;
 }
 
 QIcon ProgramIcon() {

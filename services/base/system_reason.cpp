@@ -1,0 +1,24 @@
+// The C library has the words for the errors of every system: Windows' numbers are translated into its own. On Windows
+// it speaks English only; elsewhere it has to be asked for it.
+#include "services/base/system_reason.h"
+
+#include <cstring>
+
+#ifndef _WIN32
+#include <clocale>
+#endif
+
+namespace celestrix {
+
+std::string SystemReason(const std::error_code& error) {
+  const std::error_condition condition = error.default_error_condition();
+  if (condition.category() != std::generic_category()) return "Error " + std::to_string(error.value());
+#ifdef _WIN32
+  return std::strerror(condition.value());
+#else
+  static const locale_t english = newlocale(LC_ALL_MASK, "C", nullptr);
+  return strerror_l(condition.value(), english);
+#endif
+}
+
+}  // namespace celestrix
