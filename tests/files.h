@@ -1,14 +1,10 @@
-// Files, as the tests read and write them: whole, and not by the program's own means.
+// Files and texts, as the tests read and write them: whole, and not by the program's own means.
 #pragma once
 
 #include <QtTest>
 
 #include "services/base/string.h"
-
-inline QByteArray ReadFile(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : "cannot be read";
-}
+#include "tests/same_file.h"
 
 inline QString WriteFile(const QString& path, const QByteArray& bytes) {
   QFile file(path);
@@ -19,3 +15,25 @@ inline QString WriteFile(const QString& path, const QByteArray& bytes) {
 
 /// The bytes of a text; a comparison that fails shows them.
 inline QByteArray Bytes(const celestrix::String& text) { return {text.Bytes().data(), LenB(text)}; }
+/// The text of these bytes.
+inline celestrix::String Text(const QByteArray& bytes) { return celestrix::String(bytes.toStdString()); }
+
+/// What an error says; "no error" where nothing goes wrong.
+inline QByteArray ErrorOf(const std::function<void()>& use) try {
+  use();
+  return "no error";
+} catch (const std::exception& error) {
+  return error.what();
+}
+
+/// A row of a test: its name, what goes in, and what is to come out.
+struct Row {
+  const char* name;
+  QByteArray in, out;
+};
+
+inline void AddRows(std::initializer_list<Row> rows) {
+  QTest::addColumn<QByteArray>("in");
+  QTest::addColumn<QByteArray>("out");
+  for (const Row& row : rows) QTest::newRow(row.name) << row.in << row.out;
+}

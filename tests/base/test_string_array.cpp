@@ -1,0 +1,45 @@
+#include "services/base/string_array.h"
+
+#include "tests/files.h"
+
+using namespace celestrix;
+
+class TestStringArray : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void splitKeepsEveryPiece() {
+    QCOMPARE(Elements(*Split(""_s, "--"_s)), QByteArrayList({""}));
+    QCOMPARE(Elements(*Split("--a----b---"_s, "--"_s)), QByteArrayList({"", "a", "", "b", "-"}));
+  }
+
+  void whatIsRemovedIsGoneAndTheRestStays() {
+    QRandomGenerator random(1);  // always the same places
+    const Ref<StringArray> array = Split(Text("x" + QByteArray(",x").repeated(200)), ","_s);
+    QByteArrayList expected = Elements(*array);
+    for (int number = 0; !expected.isEmpty(); ++number) {
+      const auto place = [&] { return random.bounded(static_cast<int>(expected.size())); };
+      const int set = place(), removed = place();
+      array->Set(set, Text(expected[set] = QByteArray::number(number)));
+      array->Remove(removed);
+      expected.remove(removed);
+      QCOMPARE(Elements(*array), expected);
+    }
+  }
+
+  void anElementThatIsNotThereIsNotUsed() {
+    const Ref<StringArray> array = Split("a,b"_s, ","_s);
+    QCOMPARE(ErrorOf([&] { array->Get(-1); }), "There is no element -1 in an array that ends at 1.");
+    QCOMPARE(ErrorOf([&] { array->Remove(2); }), "There is no element 2 in an array that ends at 1.");
+  }
+
+ private:
+  static QByteArrayList Elements(const StringArray& array) {
+    QByteArrayList elements;
+    for (int i = 0; i <= array.UpperBound(); ++i) elements += Bytes(array.Get(i));
+    return elements;
+  }
+};
+
+QTEST_APPLESS_MAIN(TestStringArray)
+#include "test_string_array.moc"

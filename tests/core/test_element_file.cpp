@@ -1,0 +1,99 @@
+// From a text to both files, byte for byte.
+#include "core/element_file.h"
+
+#include "app/file_types.h"
+#include "core/element_lines.h"
+#include "core/palm_database.h"
+#include "services/base/background_task.h"
+#include "services/base/folder_item.h"
+#include "tests/files.h"
+#include "tests/model.h"
+
+using namespace celestrix;
+
+class TestElementFile : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void initTestCase() { FileTypes1::_Initialize(); }
+
+  void oneSetIsSavedAsItsDumpsShow() {
+    const QString text = ReadFile(TEST_DATA "one-set.txt");
+    QCOMPARE(Difference(Saved(text, kPalm), Dump("one-set.pdb.txt").bytes), "");
+    QCOMPARE(Difference(Saved(text, kPocketPc), Dump("one-set.ppc.txt").bytes), "");
+  }
+
+  void moreSetsAreSavedThanThePalmCountHolds() {
+    AreSavedAsTheModelSays(QString("even\nodd\n \n").repeated(3 * 32769));
+  }
+
+  // Up to eleven lines around the width of a slot, with blanks and longer characters at their ends.
+  void randomTextsAreSavedAsTheModelSays() {
+    const QStringList ends = {"",       "  ", "\t", "\v\f", "\r",     "\u00A0",          "\u2003",    "\u3000",
+                              "\u200B", "é",  "éé", "x",    "\u0085", QString(QChar(0)), "\U0001F6F0"};
+    const int widths[] = {0, 0, 0, 1, 30, 67, 68, 69, 70, 71, 72, 200};
+    QRandomGenerator random(1);  // always the same texts
+    for (int number = 0; number < 500 && !QTest::currentTestFailed(); ++number) {
+      QString text;
+      for (int lines = random.bounded(12); lines > 0; --lines)
+        text += ends[random.bounded(15)] + QString(widths[random.bounded(12)], 'x') + ends[random.bounded(15)] + "\n";
+      text.chop(random.bounded(2));
+      AreSavedAsTheModelSays(text);
+    }
+  }
+
+  void thePalmNameFillsItsField() {
+    for (const int size : {0, 30, 31, 32, 60}) {
+      const Ref<BinaryStream> stream = NewFile();
+      WriteDatabaseName(stream, Text(QByteArray(size, 'x')));
+      QCOMPARE(stream->Position(), 32U);
+      stream->Close();
+      QCOMPARE(ReadFile(path_).left(32), QByteArray(std::min(size, 31), 'x').leftJustified(32, '\0'));
+    }
+  }
+
+  // The window lives on these yields while it saves.
+  void everyLoopYieldsOnceInEachPass() {
+    const Ref<StringArray> lines = Split(Text("abc\n \n" + QByteArray(71, 'x') + "\n" + QByteArray(70, 'x')), "\n"_s);
+    const Ref<BinaryStream> stream = NewFile();
+    QCOMPARE(YieldsOf([&] { Normalise(lines); }), 4 + 68 + 1);  // lines, and their NUL bytes
+    QCOMPARE(YieldsOf([&] { WriteRecordData(stream, lines, 1, 0); }), 3);
+    stream->Position(0);
+    QCOMPARE(YieldsOf([&] { WritePalmHeader(stream, 5000); }), 32 - 20 + 5000);  // NUL bytes of the name, sets
+  }
+
+ private:
+  static constexpr auto kPalm = ElementFileFormat::kPalmDatabase, kPocketPc = ElementFileFormat::kPocketPcFile;
+
+  Ref<BinaryStream> NewFile() { return FolderItem(path_.toStdString()).CreateBinaryFile(*FileTypes1::PDBFile()); }
+
+  QByteArray Saved(const QString& text, ElementFileFormat format) {
+    const Ref<BinaryStream> stream = NewFile();
+    stream->LittleEndian(format == kPalm);  // the other format's order, which must not matter
+    WriteElementFile(stream, ElementLines(Text(text.toUtf8())), format);
+    stream->Close();
+    return ReadFile(path_);
+  }
+
+  void AreSavedAsTheModelSays(const QString& text) {
+    const QByteArray differences = Difference(Saved(text, kPalm), model::SavedFile(text, true)) +
+                                   Difference(Saved(text, kPocketPc), model::SavedFile(text, false));
+    QVERIFY2(differences.isEmpty(), differences + "\n   of the text:\n" + text.left(2000).toUtf8());
+  }
+
+  /// The task runs at the first yield and then at every so many: what is left until its next run tells the number.
+  static int YieldsOf(const std::function<void()>& loop) {
+    int runs = 0, left = 0;
+    BackgroundTask::Install([&runs] { ++runs; });
+    loop();
+    for (const int before = runs; runs == before; ++left) RuntimeBackgroundTask();
+    BackgroundTask::Install(nullptr);
+    return (runs - 1) * BackgroundTask::kPassesPerRun + 1 - left;
+  }
+
+  QTemporaryDir folder_;
+  QString path_ = folder_.filePath("file");
+};
+
+QTEST_APPLESS_MAIN(TestElementFile)
+#include "test_element_file.moc"
