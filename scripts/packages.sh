@@ -3,17 +3,25 @@
 
 # To build the program.
 build_packages=(g++ cmake ninja-build qt6-base-dev)
-# To run it: Wayland, and a font, without which no text is drawn.
-run_packages=(qt6-wayland fonts-dejavu-core)
+# To run it: a font, without which no text is drawn; and Wayland, which from Debian 14 on is in Qt's own packages.
+run_packages=(fonts-dejavu-core)
+# To try the program for Windows: Wine, with a font. Debian 14 has none.
+wine_packages=(wine wine64 fonts-wine)
+case $(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release 2>/dev/null) in
+  bookworm | trixie) run_packages+=(qt6-wayland) ;;
+  forky) wine_packages=() ;;
+esac
 # To run it where there is no display: one in memory, a window manager, mouse and keys, properties of windows,
 # clipboard, pictures.
 headless_packages=(xvfb openbox xdotool x11-utils xclip imagemagick)
+# To make what is given to people.
+release_packages=(git dpkg-dev file)
 # For the tests: the fuzzer, the checks of style, of the Debian package and of what it holds.
 test_packages=(clang libclang-rt-dev clang-format clang-tidy shellcheck
   desktop-file-utils appstream man-db dpkg-dev file lintian)
 
-# For Windows: the compiler, what unpacks and builds the toolkit's source, the installer's maker, and Wine with a font.
-windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev perl xz-utils nsis zip unzip wine wine64 fonts-wine)
+# For Windows: the compiler, what unpacks and builds Qt's source, the installer's maker.
+windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev perl xz-utils nsis zip unzip)
 
 # install_missing PACKAGE...: installs those that are not there. Where none is missing it needs neither
 # network nor rights.
