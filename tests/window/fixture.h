@@ -11,6 +11,43 @@
 
 using namespace celestrix;
 
+const QString kTitle = "Celestrix Satellite Encoder";
+
+/// What the members of something shown are called, and what they say.
+using Members = QList<std::pair<const char*, QString>>;
+
+struct Alert {
+  QString text, title = kTitle, owner = kTitle, format = "PlainText";
+
+  Members All() const { return {{"text", text}, {"title", title}, {"owner", owner}, {"format", format}}; }
+};
+
+/// A dialog that asks for a file.
+struct Dialog {
+  QString mode = "AcceptOpen";  // or "AcceptSave"
+  QString files = "AnyFile";    // or "ExistingFile"
+  QString title = "", filters = "", proposedName = "", folder = "", owner = kTitle;
+  bool asksToReplace = false;
+
+  Members All() const {
+    return {{"mode", mode},     {"files", files},
+            {"title", title},   {"filters", filters},
+            {"folder", folder}, {"proposed name", proposedName},
+            {"owner", owner},   {"asks to replace", asksToReplace ? "yes" : "no"}};
+  }
+};
+
+/// Names the members that are not as expected; "" where all are.
+template <class Shown>
+QString Differences(const Shown& actual, const Shown& expected) {
+  const Members are = actual.All(), shallBe = expected.All();
+  QString differences;
+  for (qsizetype i = 0; i < are.size(); ++i)
+    if (are[i] != shallBe[i])
+      differences += QString("%1 is '%2', not '%3'. ").arg(are[i].first, are[i].second, shallBe[i].second);
+  return differences;
+}
+
 /// The window, whose user answers whatever is shown, so that nothing waits for it for ever: a dialog gets the next
 /// file, a question "Yes", and alerts are read and closed.
 class TestedWindow final : public QObject {
@@ -23,17 +60,20 @@ class TestedWindow final : public QObject {
   QRadioButton* palm = frame->findChildren<QRadioButton*>("FileFormat").value(0);
   QRadioButton* pocket = frame->findChildren<QRadioButton*>("FileFormat").value(1);
   std::function<void()> inDialog;  // done once, before the next file is chosen
-  QStringList alerts;
 
   TestedWindow() {
-    frame->activateWindow();
-    if (!QTest::qWaitForWindowActive(frame)) qFatal("the window does not become the active one");
     Look();
+    const auto isActive = [this] {  // after an alert, on this platform, no window is until one asks for it
+      frame->activateWindow();
+      return frame->isActiveWindow();
+    };
+    if (!QTest::qWaitFor(isActive)) qFatal("the window does not become the active one");
   }
   ~TestedWindow() override {
     window = nullptr;
     ReleaseImplicitWindows();
-    QCOMPARE(files_ + alerts, QStringList());
+    QCOMPARE(files_, QStringList());  // no dialog asked for these
+    for (const Alert& unexpected : alerts_) QCOMPARE(unexpected.text, QString());
   }
 
   QString Text() {
@@ -63,18 +103,18 @@ class TestedWindow final : public QObject {
   }
 
   /// Clicks a button whose handler asks for a file, and gives that one; an empty one cancels. Returns what the dialog
-  /// was, and "replaced" where that was asked.
-  QString Click(QPushButton* button, const QString& path) {
+  /// was.
+  Dialog Click(QPushButton* button, const QString& path) {
     files_ = QStringList(path);
     QTest::mouseClick(button, Qt::LeftButton);
     return dialog_;
   }
   static void Choose(QRadioButton* button) { QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, 10)); }
 
-  /// What the next alert is.
-  QString Alert() {
-    const bool came = QTest::qWaitFor([&] { return !alerts.isEmpty(); }, 20000);
-    return came ? alerts.takeFirst() : "no alert";
+  /// What the next alert was; one without a text where none comes.
+  Alert NextAlert() {
+    const bool came = QTest::qWaitFor([&] { return !alerts_.isEmpty(); }, 20000);
+    return came ? alerts_.takeFirst() : Alert();
   }
 
  private:
@@ -82,29 +122,49 @@ class TestedWindow final : public QObject {
     QTimer::singleShot(1, this, &TestedWindow::Look);  // first, as what follows may wait for a dialog's end
     QWidget* shown = QApplication::activeModalWidget();
     if (shown == nullptr) return;
-    const QString owner = shown->parentWidget() != nullptr ? shown->parentWidget()->windowTitle() : "no window";
-    if (auto* alert = qobject_cast<QMessageBox*>(shown)) {
-      const QString format = alert->property("textFormat").toString();
-      if (alert->button(QMessageBox::Yes) != nullptr) {
-        dialog_ += "|replaced";
-        return alert->button(QMessageBox::Yes)->click();
-      }
-      alerts += QStringList{owner, alert->windowTitle(), format, alert->text()}.join('|');
-      return alert->accept();
-    }
+    if (auto* alert = qobject_cast<QMessageBox*>(shown)) return Read(*alert);
     auto* chooser = qobject_cast<QFileDialog*>(shown);
     if (chooser == nullptr || files_.isEmpty()) qFatal("nobody answers “%s”", qPrintable(shown->windowTitle()));
+    Answer(*chooser);
+  }
+
+  static QString Owner(const QWidget& shown) {
+    return shown.parentWidget() != nullptr ? shown.parentWidget()->windowTitle() : "no window";
+  }
+
+  void Read(QMessageBox& alert) {
+    if (QAbstractButton* yes = alert.button(QMessageBox::Yes)) {
+      dialog_.asksToReplace = true;
+      return yes->click();
+    }
+    alerts_.append({.text = alert.text(),
+                    .title = alert.windowTitle(),
+                    .owner = Owner(alert),
+                    .format = alert.property("textFormat").toString()});
+    alert.accept();
+  }
+
+  void Answer(QFileDialog& chooser) {
     if (inDialog) std::exchange(inDialog, nullptr)();
-    auto* name = chooser->findChild<QLineEdit*>("fileNameEdit");
-    const QString kind = chooser->property("acceptMode").toString() + '|' + chooser->property("fileMode").toString();
-    const QString filters = chooser->nameFilters().join(';'), folder = chooser->directory().path();
-    dialog_ = QStringList{kind, filters, name->text(), owner, folder}.join('|');
+    auto* name = chooser.findChild<QLineEdit*>("fileNameEdit");
+    dialog_ = {.mode = chooser.property("acceptMode").toString(),
+               .files = chooser.property("fileMode").toString(),
+               .title = chooser.windowTitle(),
+               .filters = chooser.nameFilters().join(';'),
+               .proposedName = name->text(),
+               .folder = chooser.directory().path(),
+               .owner = Owner(chooser)};
     name->setText(files_.takeFirst());
-    name->text().isEmpty() ? shown->close() : QMetaObject::invokeMethod(chooser, "accept");
+    if (name->text().isEmpty()) {
+      chooser.close();
+    } else {
+      QMetaObject::invokeMethod(&chooser, "accept");
+    }
   }
 
   QStringList files_;  // to choose
-  QString dialog_;     // what the last one was
+  Dialog dialog_;      // the last one
+  QList<Alert> alerts_;
 };
 
 inline QString PreferencesPath() { return qEnvironmentVariable("XDG_CONFIG_HOME") + "/CelestrixSatellite.prefs"; }

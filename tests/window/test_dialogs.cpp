@@ -1,44 +1,84 @@
 // The dialogs that ask for a file, and the alerts.
 #include "tests/window/fixture.h"
 
-namespace {
-
-const QString kTitle = "Celestrix Satellite Encoder", kAlert = kTitle + "|" + kTitle + "|PlainText|";
-
-}  // namespace
-
 class TestDialogs : public QObject {
   Q_OBJECT
 
  private slots:
-  void dialogsAndTheirAlerts() {
-    const auto child = New<StaticText>();
+  void asksForATextFile() {
     TestedWindow w;
-    const QString place = folder_.path(), path = WriteFile(place + "/-a b%20é", "old");
-    w.Click(w.browse, WriteFile(place + "/a.txt", "a\r\nb"));
-    QCOMPARE(w.Click(w.browse, ""), "AcceptOpen|ExistingFile|Text (*.txt *.TXT)||" + kTitle + "|" + place);
-    for (const QString type : {"pdb", "ppc"}) {
-      TestedWindow::Choose(type == "pdb" ? w.palm : w.pocket);
-      const QString dialog = QString("AcceptSave|AnyFile|%1 (*.%2 *.%1)|celestrix_satellites.%2|%3|%4")
-                                 .arg(type.toUpper(), type, kTitle, place);
-      QCOMPARE(w.Click(w.save, path), dialog + "|replaced");
-      QCOMPARE(ReadFile(path), model::SavedFile("a\nb", type == "pdb"));
-      QCOMPARE(w.Click(w.save, ""), dialog);
-    }
-    w.Click(w.save, path + "/in.it");
-    QCOMPARE(w.Alert(), kAlert + QString("“%1/in.it” could not be created: %2.").arg(path, std::strerror(ENOTDIR)));
-    w.window->AddControl("child"_s, child);
-    const std::pair<std::function<void()>, QString> failures[] = {
-        {[] { throw std::bad_alloc(); }, "There is not enough memory."},
-        {[&] { _SetProperties(child, {.Name = "child", .InitialParent = "nobody"}); },
-         "The layout puts “child” into “nobody”, but there is no such control before it."}};
-    for (const auto& [fail, reason] : failures) {
-      QMetaObject::invokeMethod(qApp, fail, Qt::QueuedConnection);  // in an event of the toolkit's own
-      QCOMPARE(w.Alert(), kAlert + reason);
-    }
+    w.Click(w.browse, WriteFile(Path("a.txt"), "a"));
+    const Dialog expected = {
+        .files = "ExistingFile", .title = "Open", .filters = "Text (*.txt *.TXT)", .folder = folder_.path()};
+    QCOMPARE(Differences(w.Click(w.browse, ""), expected), "");
+  }
+
+  void asksWhereToSave_data() {
+    QTest::addColumn<bool>("palm");
+    QTest::addColumn<QString>("filters");
+    QTest::addColumn<QString>("proposedName");
+    QTest::newRow("Palm") << true << "PDB (*.pdb *.PDB)"
+                          << "celestrix_satellites.pdb";
+    QTest::newRow("Pocket PC") << false << "PPC (*.ppc *.PPC)"
+                               << "celestrix_satellites.ppc";
+  }
+  void asksWhereToSave() {
+    QFETCH(bool, palm);
+    QFETCH(QString, filters);
+    QFETCH(QString, proposedName);
+    TestedWindow w;
+    w.Drop("a\nb");
+    TestedWindow::Choose(palm ? w.palm : w.pocket);
+    const QString path = WriteFile(Path("-a b%20é"), "old");
+    w.Click(w.save, path);
+    QCOMPARE(ReadFile(path), model::SavedFile("a\nb", palm));
+    Dialog expected = {.mode = "AcceptSave",
+                       .title = "Save As",
+                       .filters = filters,
+                       .proposedName = proposedName,
+                       .folder = folder_.path(),
+                       .asksToReplace = true};
+    QCOMPARE(Differences(w.Click(w.save, path), expected), "");
+    expected.asksToReplace = false;
+    QCOMPARE(Differences(w.Click(w.save, ""), expected), "");
+    QCOMPARE(ReadFile(path), model::SavedFile("a\nb", palm));
+  }
+
+  void saysWhyNothingIsSaved() {
+    TestedWindow w;
+    w.Drop("a");
+    const QString place = WriteFile(Path("file"), "") + "/in.it";
+    w.Click(w.save, place);
+    const QString alert = QString("“%1” could not be created: %2.").arg(place, std::strerror(ENOTDIR));
+    QCOMPARE(Differences(w.NextAlert(), {.text = alert}), "");
+  }
+
+  void saysWhatFailsInAnEventOfQtsOwn_data() {
+    QTest::addColumn<std::function<void()>>("fail");
+    QTest::addColumn<QString>("alert");
+    const auto row = [](const char* name, const std::function<void()>& fail, const QString& alert) {
+      QTest::newRow(name) << fail << alert;
+    };
+    row(
+        "no memory", [] { throw std::bad_alloc(); }, "There is not enough memory.");
+    row("no parent", PutIntoNobody, "The layout puts “child” into “nobody”, but there is no such control before it.");
+  }
+  void saysWhatFailsInAnEventOfQtsOwn() {
+    QFETCH(std::function<void()>, fail);
+    QFETCH(QString, alert);
+    TestedWindow w;
+    QMetaObject::invokeMethod(qApp, fail, Qt::QueuedConnection);
+    QCOMPARE(Differences(w.NextAlert(), {.text = alert}), "");
   }
 
  private:
+  static void PutIntoNobody() {
+    const auto child = New<StaticText>();
+    Window1::Shared()->AddControl("child"_s, child);
+    _SetProperties(child, {.Name = "child", .InitialParent = "nobody"});
+  }
+  QString Path(const QString& name) const { return folder_.filePath(name); }
+
   QTemporaryDir folder_;
 };
 

@@ -1,12 +1,6 @@
 // The remembered choice.
 #include "tests/window/fixture.h"
 
-namespace {
-
-const QString kTitle = "Celestrix Satellite Encoder", kAlert = kTitle + "|" + kTitle + "|PlainText|";
-
-}  // namespace
-
 class TestPreferences : public QObject {
   Q_OBJECT
 
@@ -15,7 +9,7 @@ class TestPreferences : public QObject {
     ReleaseImplicitWindows();  // the one that the start has opened
     WriteFile(PreferencesPath(), "2");
     TestedWindow w;
-    QCOMPARE(w.Alert(), kAlert + "The window has no control “FileFormat” with the number 2.");
+    QCOMPARE(Differences(w.NextAlert(), {.text = "The window has no control “FileFormat” with the number 2."}), "");
     QVERIFY(QFile::remove(PreferencesPath()));
   }
 };
