@@ -14,7 +14,7 @@
 int main(int argc, char** argv) {
   constexpr std::size_t kHeaderSize = 78, kEntrySize = 8, kWidth = 71, kSetSize = 3 * kWidth;
   const int in = argc == 3 ? open(argv[1], O_RDONLY) : -1;
-  struct stat status {};
+  struct stat status = {};
   if (in < 0 || fstat(in, &status) != 0) return 1;
   const auto size = static_cast<std::size_t>(status.st_size);
   const auto* text = static_cast<const char*>(mmap(nullptr, size, PROT_READ, MAP_PRIVATE | MAP_POPULATE, in, 0));

@@ -38,7 +38,7 @@ void CatchTerminationSignals(const std::function<void()>& whenRaised) {
     whenRaised();
   });
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-    struct sigaction action {};
+    struct sigaction action = {};
     sigaction(signal, nullptr, &action);
     if (action.sa_handler == SIG_IGN) continue;  // who started the program so (nohup) meant it
     action.sa_handler = WriteToPipe;
