@@ -144,7 +144,7 @@ start_display() {
   await 'the window manager' test -e "$work/ready"
 }
 
-find_window() { window=$(xdotool search --onlyvisible --name '^Celestrix Satellite Encoder$'); }
+window_named() { xdotool search --onlyvisible --name "^$1$"; }
 active_window() { xdotool getactivewindow; }
 activate() { xdotool windowactivate "$window"; }
 visible_windows() { xdotool search --onlyvisible --name .; }
@@ -164,10 +164,13 @@ picture_of_screen() { timeout 20 import -silent -window root "$1"; }
 
 # ---- The user's hand and eye
 
+find_window() { window=$(window_named 'Celestrix Satellite Encoder'); }
 is_active() { [[ $(active_window) == "$window" ]]; }
 
+menu_bar_height() { echo $(($(window_height) / scale - content_height)); }
+
 # point LEFT TOP: in the window's content.
-point() { move_mouse $(($1 * scale)) $(($2 * scale + $(window_height) - content_height * scale)); }
+point() { move_mouse $(($1 * scale)) $((($2 + $(menu_bar_height)) * scale)); }
 
 # click PLACE: one of those above.
 click() {
@@ -216,7 +219,7 @@ is_empty() { ! shows_text; }
 shows_text() {
   local left top width height
   read -r left top width height <<<"$field_text"
-  top=$((top + $(window_height) / scale - content_height))
+  top=$((top + $(menu_bar_height)))
   local part=$((width * scale))x$((height * scale))+$((left * scale))+$((top * scale))
   (($(picture_of_window | convert ppm:- -crop "$part" -format %k info:) > 1))
 }

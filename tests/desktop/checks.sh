@@ -1,0 +1,39 @@
+# To be sourced after scripts/display.sh, in the project's folder: what the tests of the desktop share.
+# shellcheck shell=bash disable=SC2034
+
+patience=15
+
+# need COMMAND...: without them the test is skipped.
+need() {
+  local tool
+  for tool; do
+    command -v "$tool" >/dev/null || { echo "SKIPPED: no $tool on this machine" && exit 77; }
+  done
+}
+
+# same WHAT EXPECTED CAME: fails unless both files hold the same, and shows the first lines that differ.
+same() {
+  cmp -s "$2" "$3" || fail "$1: expected (<) and came (>):"$'\n'"$(diff -a "$2" "$3" | head -n 6 | cat -A)"
+}
+
+# field_holds FILE: asks the field by copying all of it, until it has what is expected.
+field_holds() {
+  local end=$((SECONDS + patience))
+  click field
+  until copy_field && cmp -s "$1" "$work/copied.txt"; do
+    if ((SECONDS >= end)); then same 'the text in the field' "$1" "$work/copied.txt"; fi
+    sleep 0.1
+  done
+}
+copy_field() {
+  local turn
+  put_into_clipboard <<<'nothing was copied'
+  press ctrl+a ctrl+c
+  for turn in {1..10}; do
+    clipboard >"$work/copied.txt" 2>/dev/null || true
+    if [[ $(<"$work/copied.txt") != 'nothing was copied' ]]; then return; fi
+    sleep 0.1
+  done
+}
+
+promise() { promise=$1; }
