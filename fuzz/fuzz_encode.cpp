@@ -1,5 +1,5 @@
 // The fuzzer: any bytes as a text file, through decoding, splitting, normalising and both formats, compared with the
-// model. `scripts/fuzz SECONDS` builds and runs it.
+// model. `fuzz/search SECONDS` builds and runs it.
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -12,6 +12,7 @@
 #include "services/base/folder_item.h"
 #include "services/base/text_decoder.h"
 #include "tests/model.h"
+#include "tests/same_file.h"
 
 namespace {
 
@@ -20,19 +21,20 @@ using namespace celestrix;
 /// The file that is written, again and again. It is memory and has no name, so nothing can stay behind.
 const int output = memfd_create("output", MFD_CLOEXEC);
 
-std::string WrittenFile(const Ref<StringArray>& lines, ElementFileFormat format) {
+QByteArray WrittenFile(const Ref<StringArray>& lines, ElementFileFormat format) {
   static const FolderItem file("/proc/self/fd/" + std::to_string(output));
   const Ref<BinaryStream> stream = file.CreateBinaryFile(*FileTypes1::PDBFile());
   WriteElementFile(stream, lines, format);
   stream->Close();
-  std::string bytes(static_cast<std::size_t>(lseek(output, 0, SEEK_END)), '?');
-  if (pread(output, bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) std::abort();
+  QByteArray bytes(lseek(output, 0, SEEK_END), '?');
+  if (pread(output, bytes.data(), static_cast<std::size_t>(bytes.size()), 0) != bytes.size()) std::abort();
   return bytes;
 }
 
-void Expect(const std::string& actual, const std::string& expected, const char* what) {
-  if (actual == expected) return;
-  std::cerr << what << " differs: " << actual.size() << " bytes, expected " << expected.size() << "\n";
+/// Ends the search where something differs.
+void ExpectNone(const QByteArray& difference) {
+  if (difference.isEmpty()) return;
+  std::cerr << difference.constData() << "\n";
   std::abort();
 }
 
@@ -47,17 +49,17 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
   // In a block of its own: the sanitizer sees a step beyond its end.
-  const String file = String::Build(size, [&](char* room) { return bytes.copy(room, size); });
+  const String file = String::Build(size, [&](char* room) { return bytes.toStdString().copy(room, size); });
   const String text = ReplaceLineEndings(DecodeText(file), EndOfLine());
-  const QString expectedText = model::TextOfFile(QByteArray::fromStdString(bytes));
-  Expect(std::string(text.Bytes()), expectedText.toStdString(), "text");
+  const QString expected = model::TextOfFile(bytes);
+  const QByteArray decoded(text.Bytes().data(), LenB(text));
+  if (decoded != expected.toUtf8())
+    ExpectNone("text " + decoded.toHex(' ') + ", expected " + expected.toUtf8().toHex(' '));
 
   const Ref<StringArray> lines = ElementLines(text);
-  const std::string palm = model::SavedFile(expectedText, true).toStdString();
-  const std::string pocketPc = model::SavedFile(expectedText, false).toStdString();
-  Expect(WrittenFile(lines, ElementFileFormat::kPalmDatabase), palm, "Palm database");
-  Expect(WrittenFile(lines, ElementFileFormat::kPocketPcFile), pocketPc, "Pocket PC file");
+  ExpectNone(Difference(WrittenFile(lines, ElementFileFormat::kPalmDatabase), model::SavedFile(expected, true)));
+  ExpectNone(Difference(WrittenFile(lines, ElementFileFormat::kPocketPcFile), model::SavedFile(expected, false)));
   return 0;
 }
