@@ -1,8 +1,12 @@
-// What is Windows' own: long paths in any letters, what the alerts say, and files of other machines.
+// What is Windows' own: long paths in any letters, what the alerts say, files of other machines, and a session's end.
 #include <windows.h>
 
+#include <QtWidgets>
+
+#include "app/program.h"
 #include "services/base/folder_item.h"
 #include "services/ui/qt/local_file.h"
+#include "services/ui/qt/program_window.h"
 #include "tests/files.h"
 
 using namespace celestrix;
@@ -11,28 +15,54 @@ class TestWindows : public QObject {
   Q_OBJECT
 
  private slots:
-  void filesAreMadeAndReadOrTheReasonIsSaid() {
+  void aFileIsMadeAndReadOrTheReasonIsSaid_data() {
+    QString longName;
+    while (longName.size() < 400) longName += "Sätze für 卫星 " + QString(40, QChar('x')) + "/";
+    AddRows({{"a path of 400 letters of all kinds", (longName + "Ω.txt").toUtf8(), "line\n"},
+             {"used by another program", "used", "“%1” could not be created: Permission denied."},
+             {"a name that Windows does not allow", "a|b", "“%1” could not be created: Invalid argument."}});
+  }
+  void aFileIsMadeAndReadOrTheReasonIsSaid() {
+    QFETCH(const QByteArray, in);
     const QTemporaryDir folder;
     const HANDLE useByOther = CreateFileW(folder.filePath("used").toStdWString().c_str(), GENERIC_READ, 0, nullptr,
                                           CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-    QString longName;
-    while (longName.size() < 400) longName += "Sätze für 卫星 " + QString(40, QChar('x')) + "/";
-    const std::pair<QString, QString> rows[] = {{longName + "Ω.txt", "line\n"},
-                                                {"used", "“%1” could not be created: Permission denied."},
-                                                {"a|b", "“%1” could not be created: Invalid argument."}};
-    for (const auto& [name, outcome] : rows) {
-      const FolderItem item(QFileInfo(folder.filePath(name)).filesystemFilePath());
-      try {
-        item.CreateTextFile()->WriteLine("line"_s);
-        QCOMPARE(Bytes(item.OpenAsTextFile()->ReadAll()), outcome.toUtf8());
-      } catch (const NilObjectException& error) {
-        QCOMPARE(QString(error.what()), outcome.arg(QDir::toNativeSeparators(folder.filePath(name))));
-      }
-    }
+    const FolderItem item(QFileInfo(folder.filePath(in)).filesystemFilePath());
+    QByteArray outcome = ErrorOf([&item] { item.CreateTextFile()->WriteLine("line"_s); });
+    if (outcome == "no error") outcome = Bytes(item.OpenAsTextFile()->ReadAll());
     CloseHandle(useByOther);
+    QTEST(outcome.replace(QDir::toNativeSeparators(folder.filePath(in)).toUtf8(), "%1"), "out");
+  }
+
+  void aFileOfAnotherMachineIsLocal() {
     QCOMPARE(LocalFile(QUrl("file://server/share/a%20b.txt")), "//server/share/a b.txt");
   }
+
+  void theContentHasItsSize() { QCOMPARE(Frame()->centralWidget()->size(), QSize(506, 426)); }
+
+  void aSessionThatGoesOnKeepsTheTextAndTheChoice() {
+    auto* txt = Frame()->findChild<QPlainTextEdit*>("txt");
+    txt->setPlainText("text");
+    Frame()->findChildren<QRadioButton*>("FileFormat")[1]->click();
+    auto* window = reinterpret_cast<HWND>(Frame()->winId());
+    SendMessageW(window, WM_QUERYENDSESSION, 0, 0);
+    QCOMPARE(ReadFile(qEnvironmentVariable("APPDATA") + "/CelestrixSatellite.prefs"), "1\n");
+    SendMessageW(window, WM_ENDSESSION, FALSE, 0);
+    QTest::qWait(100);
+    QVERIFY2(Frame()->isVisible(), "the program has ended");
+    QCOMPARE(txt->toPlainText(), "text");
+  }
+
+ private:
+  static QMainWindow* Frame() { return qobject_cast<QMainWindow*>(ProgramWindow()); }
 };
 
-QTEST_GUILESS_MAIN(TestWindows)
+int main(int argc, char** argv) {
+  const QTemporaryDir home;
+  qputenv("APPDATA", home.path().toUtf8());
+  Program program(argc, argv);
+  program.Start();
+  TestWindows test;
+  return QTest::qExec(&test, argc, argv);
+}
 #include "test_windows.moc"
