@@ -80,6 +80,7 @@ class GuardedApplication final : public QApplication {
 Runtime::Runtime(int& argc, char** argv, const String& id) {
   qInstallMessageHandler(DiscardMessages);
   QCoreApplication::setApplicationName(ToQString(id));
+  QCoreApplication::setApplicationVersion(QStringLiteral(PROGRAM_VERSION));
   QGuiApplication::setDesktopFileName(ToQString(id));
   toolkit_ = std::make_shared<GuardedApplication>(argc, argv);
   QApplication::setWindowIcon(ProgramIcon());
