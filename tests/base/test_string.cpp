@@ -41,21 +41,17 @@ class TestString : public QObject {
   }
 
   void valReadsTheNumberAtTheStart_data() {
-    AddRows({{"one", "1", "1"},
-             {"white space before it", " \t\u00A01 0", "1"},
-             {"a comma", "1,5", "1"},
-             {"a point", "-.5x", "-0.5"},
-             {"a plus", "+1", "1"},
+    AddRows({{"white space before it", " \t\u00A01 0", "1"},
+             {"a point", "-.5,5", "-0.5"},
+             {"a plus", "+1x", "1"},
              {"two signs", "+-1", "0"},
              {"an exponent", "12e1", "120"},
              {"an exponent that is none", "1east", "1"},
              {"an exponent without its number", "1E+", "1"},
              {"nothing", "", "0"},
-             {"a sign alone", "-", "0"},
-             {"a point alone", ".", "0"},
+             {"a sign and a point", "-.", "0"},
              {"a word", "nan", "0"},
-             {"a word with a sign", "-inf", "0"},
-             {"a letter before it", "x1", "0"},
+             {"a word with a sign", "-inf1", "0"},
              {"a hexadecimal one", "0x1", "0"},
              {"too large", "1e400", "0"},
              {"too small", "1e-400", "0"}});

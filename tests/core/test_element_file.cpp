@@ -78,7 +78,7 @@ class TestElementFile : public QObject {
   void AreSavedAsTheModelSays(const QString& text) {
     const QByteArray differences = Difference(Saved(text, kPalm), model::SavedFile(text, true)) +
                                    Difference(Saved(text, kPocketPc), model::SavedFile(text, false));
-    QVERIFY2(differences.isEmpty(), differences + "\n   of the text:\n" + text.left(2000).toUtf8());
+    QVERIFY2(differences.isEmpty(), differences + "\n   of the text:\n" + text.left(1000).toUtf8());
   }
 
   /// The task runs at the first yield and then at every so many: what is left until its next run tells the number.
