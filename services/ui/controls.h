@@ -127,10 +127,11 @@ class EditField : public RectControl {
   /// characters are as they were set, typed or pasted. Edits that wait (see below) are done first, while the event
   /// loop goes on.
   String Text();
-  /// Replaces all of the text, at once. What is on the screen follows in slices, between events, so that the
-  /// window never stands still. In the meantime keys and menu commands wait until the field shows all of its text,
-  /// and clicks are ignored. Raises RuntimeException, and changes nothing, for a text of more than 16 million lines
-  /// or with a line of more than a million characters, which the toolkit could not show in any bearable time.
+  /// Replaces all of the text, at once. What is on the screen follows in slices, between events, so that the window
+  /// never stands still; so does what is pasted. In the meantime keys and menu commands wait until the field shows all
+  /// of its text, and clicks are ignored. Raises an error, and changes nothing, where the memory does not suffice, or
+  /// for a text that could not be shown in any bearable time: of more than 4 million lines, or with a line of more than
+  /// a million characters, of which one beyond U+02FF counts as a hundred.
   void Text(const String& text);
   /// Whether there is no text. Unlike a look at Text, this costs the same for every length.
   bool IsEmpty() const;

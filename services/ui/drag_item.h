@@ -4,9 +4,7 @@
 
 namespace celestrix {
 
-/// What a drop brought: the first item of it, a file or a text. It is a copy, so it outlives the drop. Between the
-/// lines of its text stands EndOfLine: what the source had there is lost on the way, as many put CR LF there for the
-/// transport.
+/// What a drop brought: the first item of it, a file or a text, as it came. It is a copy, so it outlives the drop.
 class DragItem {
  public:
   explicit DragItem(Ref<celestrix::FolderItem> file) : file_(std::move(file)) {}

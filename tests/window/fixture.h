@@ -5,6 +5,7 @@
 
 #include "app/program.h"
 #include "services/ui/qt/program_window.h"
+#include "services/ui/qt/text_field.h"
 #include "tests/files.h"
 #include "tests/model.h"
 #include "window/window1.h"
@@ -81,7 +82,7 @@ class TestedWindow final : public QObject {
     return QString::fromUtf8("x" + Bytes(field->Text())).mid(1);  // a mark at the start would be lost
   }
   /// Whether the field shows all of its text.
-  bool IsWhole() { return txt->document()->isUndoRedoEnabled(); }
+  bool IsWhole() { return static_cast<TextField*>(txt)->IsWhole(); }
   QAction* Command(const char* name) { return frame->findChild<QAction*>(name); }
 
   /// Drags it over the field and drops it there. What became of it: "copied", "refused" or a fault.

@@ -2,6 +2,7 @@
 
 #include <QDropEvent>
 #include <QFileInfo>
+#include <QTextBlock>
 #include <QUrl>
 #include <algorithm>
 
@@ -12,44 +13,72 @@ namespace celestrix {
 
 namespace {
 
-// The toolkit needs some 150 bytes for each line, and up to 0.7 s to lay out a line of a million characters.
-constexpr int kMostLineEnds = 1 << 24;
-constexpr std::size_t kLongestLine = 1'000'000;  // characters
+// 1.4 million sets, for which Qt needs some 2 GB of memory.
+constexpr int kMostLineEnds = 1 << 22;
+// A line of a million plain characters takes Qt some 0.5 s for each key. Others may take a hundred times as long as
+// those up to U+02FF, whose first byte is less than this one.
+constexpr std::size_t kLongestLine = 1'000'000;
+constexpr std::size_t kCostOfOther = 100;
+constexpr unsigned char kFirstByteOfOther = 0xCC;
 
-/// The text with EndOfLine wherever the field shows the end of a line. The toolkit also ends one at a paragraph
-/// separator and at two non-characters.
+constexpr char kUtf8Text[] = "text/plain;charset=utf-8";
+
+/// The text with EndOfLine wherever the field shows the end of a line. Qt also ends one at a paragraph separator and at
+/// two non-characters.
 String WithEndOfLines(const String& text) {
   String lines = ReplaceLineEndings(text, EndOfLine());
   for (const String& lineEnd : {"\u2029"_s, "\uFDD0"_s, "\uFDD1"_s}) lines = ReplaceAll(lines, lineEnd, EndOfLine());
   return lines;
 }
 
-/// What the toolkit hands out raw, where every line but the last ends in a paragraph separator.
+/// What Qt hands out raw, where every line but the last ends in a paragraph separator.
 QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparator, QChar::LineFeed); }
 
-std::size_t CharacterCount(std::string_view utf8) {
-  return static_cast<std::size_t>(
-      std::ranges::count_if(utf8, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
+/// The length of a line, in plain characters that take Qt as long.
+std::size_t CostOf(std::string_view line) {
+  std::size_t cost = 0;
+  for (const char byte : line) {
+    const auto first = static_cast<unsigned char>(byte);
+    if ((first & 0xC0) != 0x80) cost += first < kFirstByteOfOther ? 1 : kCostOfOther;
+  }
+  return cost;
 }
 
-/// Raises RuntimeException for a text that the toolkit could not show in any bearable time.
-void RequireThatItFits(std::string_view text) {
-  for (int lineEnds = 0;; ++lineEnds) {
+/// Raises RuntimeException for a text that Qt could not show in any bearable time, beside so many other lines.
+void RequireThatItFits(std::string_view text, int otherLines) {
+  for (int lineEnds = otherLines;; ++lineEnds) {
     if (lineEnds > kMostLineEnds) throw RuntimeException("The text has more lines than the field can hold.");
     const std::size_t size = std::min(text.find('\n'), text.size());
     // So many bytes without a line end are rare, and only such lines need counting.
-    if (size > kLongestLine && CharacterCount(text.substr(0, size)) > kLongestLine)
+    if (size > kLongestLine / kCostOfOther && CostOf(text.substr(0, size)) > kLongestLine)
       throw RuntimeException("The text has a line that is longer than the field can hold.");
     if (size == text.size()) return;
     text.remove_prefix(size + 1);
   }
 }
 
-/// A copy of what an accepted drop brings: a file goes before text.
+/// The same for a text in place of what the cursor selects: it joins the lines at both ends.
+void RequireThatItFits(const String& text, const QTextCursor& place) {
+  const QTextDocument& document = *place.document();
+  const QTextBlock first = document.findBlock(place.selectionStart()), last = document.findBlock(place.selectionEnd());
+  const QString before = first.text().first(place.selectionStart() - first.position());
+  const QString after = last.text().sliced(place.selectionEnd() - last.position());
+  const String joined = RuntimeAddString(RuntimeAddString(FromQString(before), text), FromQString(after));
+  RequireThatItFits(joined.Bytes(), document.blockCount() - 1 - (last.blockNumber() - first.blockNumber()));
+}
+
+/// The text, as it came; an empty one if it did not arrive in time.
+QString TextOf(const QMimeData& mime) {
+  if (mime.hasFormat("text/plain")) return mime.text();
+  return ToQString(mime.data(kUtf8Text).toStdString());
+}
+
+/// A copy of what an accepted drop brings: a file goes before text. Null if it did not arrive.
 Ref<DragItem> ItemOf(const QMimeData& mime) {
   const QString file = LocalFile(mime.urls().value(0));
-  if (file.isEmpty()) return New<DragItem>(WithEndOfLines(FromQString(mime.text())));
-  return New<DragItem>(New<FolderItem>(QFileInfo(file).filesystemFilePath()));
+  if (!file.isEmpty()) return New<DragItem>(New<FolderItem>(QFileInfo(file).filesystemFilePath()));
+  const String text = FromQString(TextOf(mime));
+  return LenB(text) == 0 ? nullptr : New<DragItem>(text);
 }
 
 }  // namespace
@@ -67,18 +96,20 @@ TextField::TextField(QWidget* parent, Events events) : QPlainTextEdit(parent), e
 String TextField::Text() {
   loader_.AwaitWaiting();  // what the user did before the question belongs to the answer
   if (unedited_) return *unedited_;
-  return RuntimeAddString(FromQString(WithLineFeeds(document()->toRawText())), loader_.Rest());
+  QString raw = document()->toRawText();
+  return FromQString(WithLineFeeds(raw.insert(loader_.Place(), ToQString(loader_.Rest()))));
 }
 
 void TextField::SetText(const String& text) {
   const String lines = WithEndOfLines(text);
-  RequireThatItFits(lines.Bytes());
+  RequireThatItFits(lines.Bytes(), 0);
+  TextLoader::RequireRoom(lines, QTextCursor(document()));
   loader_.Load(lines);
   unedited_ = lines;
   events_.textChanged();
 }
 
-bool TextField::IsEmpty() const { return document()->isEmpty() && loader_.IsWhole(); }
+bool TextField::IsEmpty() const { return document()->isEmpty() && IsWhole(); }
 
 void TextField::TextWasChanged() {
   if (loader_.IsFilling()) return;
@@ -86,21 +117,52 @@ void TextField::TextWasChanged() {
   events_.textChanged();
 }
 
+// Satellites have upper-case names, so Shift is often still held. The line separator that Qt would type looks like the
+// end of a line, and is none.
+void TextField::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::InsertLineSeparator)) return QPlainTextEdit::keyPressEvent(event);
+  QKeyEvent plain(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
+  QPlainTextEdit::keyPressEvent(&plain);
+}
+
 // ---- The clipboard, and drags of a selection
 
+// Some programs take text without the name of an encoding for that of their own.
 QMimeData* TextField::createMimeDataFromSelection() const {
+  const QString text = WithLineFeeds(textCursor().selectedText());
   auto* mime = new QMimeData;
-  mime->setText(WithLineFeeds(textCursor().selectedText()));
+  mime->setText(text);
+  mime->setData(kUtf8Text, text.toUtf8());
   return mime;
 }
 
-// The toolkit gets the text alone: it would take Markdown before it, and does not survive content without any format,
-// such as that of a program that has ended.
+bool TextField::HasText(const QMimeData* mime) {
+  return mime != nullptr && (mime->hasFormat("text/plain") || mime->hasFormat(kUtf8Text));
+}
+
 void TextField::insertFromMimeData(const QMimeData* mime) {
   if (!HasText(mime)) return;
-  QMimeData text;
-  text.setText(mime->text());
-  QPlainTextEdit::insertFromMimeData(&text);
+  loader_.WhenWhole([this, text = TextOf(*mime)] {
+    const std::optional<String> lines = Admit(text, textCursor());
+    if (!lines) return;
+    loader_.Insert(*lines);
+    TextWasChanged();
+  });
+}
+
+std::optional<String> TextField::Admit(const QString& text, const QTextCursor& place) {
+  if (text.isEmpty()) return std::nullopt;
+  try {
+    const String lines = WithEndOfLines(FromQString(text));
+    RequireThatItFits(lines, place);
+    TextLoader::RequireRoom(lines, place);
+    return lines;
+  } catch (const std::exception&) {
+    // Qt's functions that lead here, such as those of its menus, do not survive an exception.
+    const auto raise = [error = std::current_exception()] { std::rethrow_exception(error); };
+    QMetaObject::invokeMethod(this, raise, Qt::QueuedConnection);
+    return std::nullopt;
+  }
 }
 
 // ---- Drops from outside
@@ -130,12 +192,21 @@ void TextField::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void TextField::dropEvent(QDropEvent* event) {
-  if (IsOwnDrag(*event)) return QPlainTextEdit::dropEvent(event);
+  if (IsOwnDrag(*event)) return MoveSelection(event);
   Judge(event);
   if (!event->isAccepted()) return;
+  const Ref<DragItem> item = ItemOf(*event->mimeData());
+  if (!item) return event->ignore();
   // The source waits until this returns, so the handler, which may have to show an alert, comes later.
   QMetaObject::invokeMethod(
-      this, [this, item = ItemOf(*event->mimeData())] { events_.dropped(item); }, Qt::QueuedConnection);
+      this, [this, item] { events_.dropped(item); }, Qt::QueuedConnection);
+}
+
+/// Qt takes the selection away from where it was before it comes here, so what cannot come is refused before that.
+void TextField::MoveSelection(QDropEvent* event) {
+  const QTextCursor place = cursorForPosition(event->position().toPoint());
+  if (!Admit(TextOf(*event->mimeData()), place)) return event->ignore();
+  QPlainTextEdit::dropEvent(event);
 }
 
 }  // namespace celestrix

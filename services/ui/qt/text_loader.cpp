@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QTextBlock>
 #include <QTimer>
 #include <algorithm>
 
@@ -15,13 +16,14 @@ namespace celestrix {
 
 namespace {
 
-constexpr std::size_t kSliceSize = 128 * 1024;   // bytes; some eight milliseconds of the toolkit's time
-constexpr std::size_t kBytesPerLine = 150;       // which the toolkit needs besides its characters
-constexpr std::size_t kRoomForSlice = 24 << 20;  // bytes; for a slice itself, which may be the longest line
+// A slice ends with a line, at one of these; it takes Qt some eight milliseconds.
+constexpr std::size_t kSliceSize = 128 * 1024;  // bytes
+constexpr int kSliceLines = 2500;
 
-/// Raises std::bad_alloc where there is no memory for so many bytes. The toolkit itself does not survive running out
-/// of it.
-void RequireRoom(std::size_t size) { FreeBlock(AllocateBlock(size), size); }
+// What Qt needs while its arrays grow, by doubling, with the step of undo for what comes and what goes.
+constexpr std::size_t kBytesPerLine = 500;
+constexpr std::size_t kBytesPerCharacter = 4;
+constexpr std::size_t kBytesBesides = 32 << 20;  // for a slice, which may be the longest line, and what is shown of it
 
 }  // namespace
 
@@ -30,14 +32,20 @@ TextLoader::TextLoader(QPlainTextEdit& field) : field_(field) {
   field.viewport()->installEventFilter(this);
 }
 
+void TextLoader::RequireRoom(const String& text, const QTextCursor& place) {
+  const auto blockAt = [&](int position) { return place.document()->findBlock(position).blockNumber(); };
+  const int removedLines = blockAt(place.selectionEnd()) - blockAt(place.selectionStart());
+  const auto lines = static_cast<std::size_t>(removedLines + std::ranges::count(text.Bytes(), '\n'));
+  const std::size_t size = kBytesPerLine * lines + kBytesPerCharacter * text.Bytes().size() + kBytesBesides;
+  FreeBlock(AllocateBlock(size), size);
+}
+
 void TextLoader::Load(const String& text) {
-  RequireRoom(2 * kRoomForSlice);  // more than the first slice asks for: once the old text is gone, nothing may fail
   waiting_.clear();
-  rest_ = text;
   // Freeing the old document takes as long as everything else here, so it happens in a turn of its own.
   QTextDocument* const old = field_.document();
   old->setParent(this);           // or the field would free it at once
-  if (QAccessible::isActive()) {  // the toolkit tells the clients of what is removed from a document, not of this
+  if (QAccessible::isActive()) {  // Qt tells the clients of what is removed from a document, not of this
     QAccessibleTextRemoveEvent removal(&field_, 0, QString(old->characterCount() - 1, ' '));
     QAccessible::updateAccessibility(&removal);
   }
@@ -45,51 +53,64 @@ void TextLoader::Load(const String& text) {
   field_.document()->setDefaultFont(old->defaultFont());
   field_.document()->setUndoRedoEnabled(false);
   QTimer::singleShot(1, old, &QObject::deleteLater);
-  AddSlice();
+  Begin(text, QTextCursor(field_.document()));
   field_.moveCursor(QTextCursor::Start);
+}
+
+void TextLoader::Insert(const String& text) { Begin(text, field_.textCursor()); }
+
+void TextLoader::Begin(const String& text, const QTextCursor& place) {
+  rest_ = text;
+  place_ = place;
+  place_.beginEditBlock();
+  AddSlice();
 }
 
 /// About a slice of whole lines, or one line, however long: adding to a line that is shown already would take the
 /// square of its length.
 QString TextLoader::TakeSlice() {
   const std::string_view rest = rest_.Bytes();
-  std::size_t size = rest.size();
-  if (size > kSliceSize) {
-    std::size_t lineEnd = rest.rfind('\n', kSliceSize - 1);
-    if (lineEnd == std::string_view::npos) lineEnd = rest.find('\n', kSliceSize);
-    size = std::min(size - 1, lineEnd) + 1;
-  }
+  std::size_t size = 0;
+  for (int line = 0; line < kSliceLines && size < std::min(kSliceSize, rest.size()); ++line)
+    size = std::min(rest.find('\n', size), rest.size() - 1) + 1;
   QString slice = ToQString(rest.substr(0, size));
   rest_ = rest_.Slice(size);
   return slice;
 }
 
+/// Ends the edit block that has been begun for it.
 void TextLoader::AddSlice() {
-  betweenEvents_.stop();  // an error here, such as a lack of memory, must not repeat itself
-  // The toolkit's arrays grow by doubling, so there has to be room for the whole document once more.
-  const QTextDocument& document = *field_.document();
-  RequireRoom(kRoomForSlice + kBytesPerLine * static_cast<std::size_t>(document.blockCount()) +
-              sizeof(QChar) * static_cast<std::size_t>(document.characterCount()));
   {
     const QScopedValueRollback filling(filling_, true);
-    QTextCursor end(field_.document());
-    end.movePosition(QTextCursor::End);
-    end.insertText(TakeSlice());
+    place_.insertText(TakeSlice());
+    place_.endEditBlock();
   }
   if (!IsWhole()) return betweenEvents_.start(0, this);
   rest_ = String();  // lets go of the bytes
+  if (field_.document()->isUndoRedoEnabled()) field_.ensureCursorVisible();
   field_.document()->setUndoRedoEnabled(true);
-  for (const auto& action : std::exchange(waiting_, {})) action();
+}
+
+void TextLoader::timerEvent(QTimerEvent* /*event*/) {
+  if (!IsWhole()) {
+    place_.joinPreviousEditBlock();
+    AddSlice();
+  }
+  while (IsWhole() && !waiting_.empty()) {  // what waited may bring a text itself, and then the others wait on
+    const std::function<void()> action = std::move(waiting_.front());
+    waiting_.pop_front();
+    action();
+  }
+  if (IsWhole()) betweenEvents_.stop();
 }
 
 void TextLoader::WhenWhole(std::function<void()> action) {
   if (IsWhole()) return action();
   waiting_.push_back(std::move(action));
-  betweenEvents_.start(0, this);
 }
 
 void TextLoader::AwaitWaiting() const {
-  while (!waiting_.empty() && betweenEvents_.isActive()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  while (!waiting_.empty()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 bool TextLoader::eventFilter(QObject* receiver, QEvent* event) {

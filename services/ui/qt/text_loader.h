@@ -1,17 +1,18 @@
 // TextLoader: brings a long text into a field without stopping the window.
 //
-// The toolkit needs about five microseconds for a line, so a long text would stop the window for seconds. The loader
-// shows the first slice at once and adds the others between events. Until the field is whole, keys and menu commands
-// wait, in their order, so that all of them act on the whole text; clicks are ignored, as what they would hit is about
-// to move. What does not touch the text (scrolling, resizing, leaving the field) goes on.
+// Qt needs about five microseconds for a line, so a long text would stop the window for seconds. The loader shows the
+// first slice at once and adds the others between events. Until the field is whole, keys and menu commands wait, in
+// their order, so that all of them act on the whole text; clicks are ignored, as what they would hit is about to move.
+// What does not touch the text (scrolling, resizing, leaving the field) goes on.
 //
-// Whoever changes the document itself meanwhile (an accessibility client can) changes what is shown, and the rest
-// follows behind it.
+// If something else edits the document while it loads (an accessibility client can), the rest still follows at its
+// place, and one undo takes back both.
 #pragma once
 
 #include <QBasicTimer>
 #include <QObject>
-#include <vector>
+#include <QTextCursor>
+#include <deque>
 
 #include "services/base/string.h"
 
@@ -24,15 +25,19 @@ class TextLoader final : public QObject {
   /// For a field that outlives the loader.
   explicit TextLoader(QPlainTextEdit& field);
 
-  /// Replaces the field's text. What waits is forgotten: it was meant for the text before. Where there is no memory to
-  /// begin with it, this raises std::bad_alloc, and the field keeps its text. Where it runs out later, the event that
-  /// adds the slice raises it. The field then shows the beginning of the text, and the rest is kept: the next key or
-  /// command tries to go on.
+  /// Raises std::bad_alloc where there is no memory for the whole text in place of what the cursor selects. Qt does not
+  /// survive running out of it, so this is to be asked before anything is touched; then no slice fails.
+  static void RequireRoom(const String& text, const QTextCursor& place);
+
+  /// Replaces the field's text, which cannot be undone. What waits is forgotten: it was meant for the text before.
   void Load(const String& text);
+  /// Puts the text in place of the selection of a whole field, as one step of undo, with the cursor behind it.
+  void Insert(const String& text);
 
   bool IsWhole() const { return LenB(rest_) == 0; }
-  /// The end of the text, which the field does not hold yet.
+  /// What the field does not hold yet, and its place there.
   const String& Rest() const { return rest_; }
+  int Place() const { return place_.position(); }
   /// Whether it is the loader that changes the document at the moment, and nobody else.
   bool IsFilling() const { return filling_; }
 
@@ -43,18 +48,20 @@ class TextLoader final : public QObject {
 
  protected:
   bool eventFilter(QObject* receiver, QEvent* event) override;
-  void timerEvent(QTimerEvent* /*event*/) override { AddSlice(); }
+  void timerEvent(QTimerEvent* event) override;
 
  private:
   QString TakeSlice();
+  void Begin(const String& text, const QTextCursor& place);
   void AddSlice();
 
   QPlainTextEdit& field_;
-  String rest_;  // of the text; begins with a line
+  String rest_;        // of the text
+  QTextCursor place_;  // where it goes
   bool filling_ = false;
   bool pressIsIgnored_ = false;  // until its release
   QBasicTimer betweenEvents_;
-  std::vector<std::function<void()>> waiting_;
+  std::deque<std::function<void()>> waiting_;
 };
 
 }  // namespace celestrix
