@@ -21,7 +21,7 @@ constexpr std::size_t kSliceSize = 128 * 1024;  // bytes
 constexpr int kSliceLines = 2500;
 
 // What Qt needs while its arrays grow, by doubling, with the step of undo for what comes and what goes.
-constexpr std::size_t kBytesPerLine = 500;
+constexpr std::size_t kBytesPerLine = 400;
 constexpr std::size_t kBytesPerCharacter = 4;
 constexpr std::size_t kBytesBesides = 32 << 20;  // for a slice, which may be the longest line, and what is shown of it
 

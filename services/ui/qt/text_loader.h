@@ -6,7 +6,7 @@
 // What does not touch the text (scrolling, resizing, leaving the field) goes on.
 //
 // If something else edits the document while it loads (an accessibility client can), the rest still follows at its
-// place, and one undo takes back both.
+// place, but then takes more than one step of undo.
 #pragma once
 
 #include <QBasicTimer>
