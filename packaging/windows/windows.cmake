@@ -6,7 +6,7 @@ configure_file(${CMAKE_CURRENT_LIST_DIR}/program.rc.in program.rc @ONLY)
 target_sources(${program} PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/program.rc)
 set_property(SOURCE ${CMAKE_CURRENT_BINARY_DIR}/program.rc TARGET_DIRECTORY ${program}
              PROPERTY OBJECT_DEPENDS ${icon} ${manifest})
-target_link_options(${program} PRIVATE -s)
+target_link_options(${program} PRIVATE -s -Wl,--no-insert-timestamp)
 
 # The licences of all that is linked into the .exe; licences.txt says of what.
 set(qt_licences ${PROJECT_SOURCE_DIR}/build/windows-qt/installed/licences)
@@ -18,6 +18,7 @@ install(FILES /usr/share/doc/gcc-mingw-w64-base/copyright RENAME gcc.txt DESTINA
 install(FILES /usr/share/doc/mingw-w64-common/copyright RENAME mingw-w64.txt DESTINATION licences)
 
 set(CPACK_GENERATOR NSIS ZIP)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/file_times.cmake)
 set(CPACK_PACKAGE_FILE_NAME ${program}-${PROJECT_VERSION}-windows)
 set(CPACK_PACKAGE_VENDOR "Celestrix Satellite Encoder maintainers")
 set(CPACK_PACKAGE_INSTALL_DIRECTORY "Celestrix Satellite Encoder")
