@@ -23,6 +23,7 @@ display_id=
 program_id=
 helpers=() # other processes that end with the script
 closing=no
+skipped=77 # the status of a test that lacks a tool
 
 # ---- What differs between the systems
 
@@ -67,6 +68,7 @@ use_wine() {
 
 clean_up() {
   local status=$? helper
+  ((status == 0 || status == skipped)) || explain_failure >&2
   exec 2>/dev/null # what the shell says of killed processes is no news
   for helper in "$program_id" "${helpers[@]}"; do
     [[ -z $helper ]] || kill -KILL "$helper" || true
@@ -81,14 +83,20 @@ clean_up() {
 trap clean_up EXIT
 trap 'exit 1' HUP INT TERM
 
-promise= # what is being checked, in words; a failure names it
+promise= # what is being checked, in words
 fail() {
+  echo "$*" >&2
+  exit 1
+}
+
+# Whatever made the script fail.
+explain_failure() {
   local picture=${0##*/}
   picture=$out/${picture%.*}.failure.png
-  echo "${0##*/}: ${promise:+$promise: }$*" >&2
-  [[ ! -s $work/log ]] || tail -n 20 "$work/log" >&2
-  if [[ -n $display_id ]] && picture_of_screen "$picture"; then echo "The screen: $picture" >&2; fi
-  exit 1
+  echo "${0##*/} failed${promise:+. Broken: $promise}"
+  [[ -z $program_id || $closing == yes ]] || ! has_ended || echo 'The program has ended.'
+  [[ ! -s $work/log ]] || tail -n 20 "$work/log"
+  if [[ -n $display_id ]] && picture_of_screen "$picture"; then echo "The screen: $picture"; fi
 }
 
 # await WHAT COMMAND...: repeats the command until it succeeds.
@@ -96,12 +104,13 @@ await() {
   local what=$1 end=$((SECONDS + patience))
   shift
   until "$@" 2>/dev/null; do
-    [[ -z $program_id || $closing == yes ]] || kill -0 "$program_id" 2>/dev/null ||
-      fail "expected: $what; the program ended"
+    require_program "$what"
     ((SECONDS < end)) || fail "expected: $what; not in $patience seconds"
     sleep 0.1
   done
 }
+
+require_program() { [[ -z $program_id || $closing == yes ]] || ! has_ended || fail "expected: $1"; }
 
 # Runs a command in the background, in an environment of its own. Its number is then $!.
 start() { env -i "${environment[@]}" "$@" &>>"$work/log" & }
@@ -125,7 +134,7 @@ close_program() {
   program_id=
   ((status == 0)) || may_be_killed_by "$1" || fail "expected: the program ends with status 0; came: $status"
 }
-has_ended() { ! kill -0 "$program_id"; }
+has_ended() { ! kill -0 "$program_id" 2>/dev/null; }
 
 keeps() { [[ $(<"$preference") == "$1" ]] || fail "expected: $preference holds $1; came: $(<"$preference")"; }
 
@@ -167,10 +176,18 @@ picture_of_screen() { timeout 20 import -silent -window root "$1"; }
 find_window() { window=$(window_named 'Celestrix Satellite Encoder'); }
 is_active() { [[ $(active_window) == "$window" ]]; }
 
-menu_bar_height() { echo $(($(window_height) / scale - content_height)); }
+# Sets menu_bar to its height. bash goes on after an error in an expression, so nothing in one may be missing.
+measure_menu_bar() {
+  local height
+  height=$(window_height) || return
+  menu_bar=$((height / scale - content_height))
+}
 
 # point LEFT TOP: in the window's content.
-point() { move_mouse $(($1 * scale)) $((($2 + $(menu_bar_height)) * scale)); }
+point() {
+  measure_menu_bar || return
+  move_mouse $(($1 * scale)) $((($2 + menu_bar) * scale))
+}
 
 # click PLACE: one of those above.
 click() {
@@ -219,9 +236,11 @@ is_empty() { ! shows_text; }
 shows_text() {
   local left top width height
   read -r left top width height <<<"$field_text"
-  top=$((top + $(menu_bar_height)))
+  measure_menu_bar || return
+  top=$((top + menu_bar))
   local part=$((width * scale))x$((height * scale))+$((left * scale))+$((top * scale))
-  (($(picture_of_window | convert ppm:- -crop "$part" -format %k info:) > 1))
+  local colors
+  colors=$(picture_of_window | convert ppm:- -crop "$part" -format %k info:) && ((colors > 1))
 }
 
 # take_picture FILE: of the window.

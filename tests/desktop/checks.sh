@@ -7,7 +7,7 @@ patience=15
 need() {
   local tool
   for tool; do
-    command -v "$tool" >/dev/null || { echo "SKIPPED: no $tool on this machine" && exit 77; }
+    command -v "$tool" >/dev/null || { echo "SKIPPED: no $tool on this machine" && exit $skipped; }
   done
 }
 
@@ -21,6 +21,7 @@ field_holds() {
   local end=$((SECONDS + patience))
   click field
   until copy_field && cmp -s "$1" "$work/copied.txt"; do
+    require_program "the text of $1 in the field"
     if ((SECONDS >= end)); then same 'the text in the field' "$1" "$work/copied.txt"; fi
     sleep 0.1
   done

@@ -1,0 +1,77 @@
+// A session manager for one program. It writes the address for SESSION_MANAGER, then "registered" and, each time that
+// the program has saved itself, "saved"; it obeys the lines "checkpoint", "shutdown", "cancel" and "die".
+#include <X11/ICE/ICElib.h>
+#include <X11/SM/SMlib.h>
+#include <poll.h>
+
+#include <cstring>
+#include <iostream>
+#include <string>
+
+namespace {
+
+SmsConn client = nullptr;
+
+void Say(const char* what) { std::cout << what << std::endl; }
+
+/// What the program says is answered so that it can go on; nothing is kept.
+Status Welcome(SmsConn connection, SmPointer, unsigned long* answered, SmsCallbacks* answers, char**) {
+  client = connection;
+  std::memset(answers, 0, sizeof *answers);
+  *answered = ~0UL;
+  answers->register_client.callback = [](SmsConn conn, SmPointer, char* previous) {
+    if (previous != nullptr) return Status{0};
+    SmsRegisterClientReply(conn, SmsGenerateClientID(conn));
+    Say("registered");
+    return Status{1};
+  };
+  answers->interact_request.callback = [](SmsConn conn, SmPointer, int) { SmsInteract(conn); };
+  answers->interact_done.callback = [](SmsConn, SmPointer, Bool) {};
+  answers->save_yourself_request.callback = [](SmsConn, SmPointer, int, Bool, int, Bool, Bool) {};
+  answers->save_yourself_phase2_request.callback = [](SmsConn conn, SmPointer) { SmsSaveYourselfPhase2(conn); };
+  answers->save_yourself_done.callback = [](SmsConn, SmPointer, Bool) { Say("saved"); };
+  answers->close_connection.callback = [](SmsConn, SmPointer, int, char**) { client = nullptr; };
+  answers->set_properties.callback = [](SmsConn, SmPointer, int, SmProp**) {};
+  answers->delete_properties.callback = [](SmsConn, SmPointer, int, char**) {};
+  answers->get_properties.callback = [](SmsConn conn, SmPointer) { SmsReturnProperties(conn, 0, nullptr); };
+  return 1;
+}
+
+void Obey(const std::string& command) {
+  if (command == "checkpoint") SmsSaveYourself(client, SmSaveBoth, False, SmInteractStyleNone, False);
+  if (command == "shutdown") SmsSaveYourself(client, SmSaveBoth, True, SmInteractStyleAny, False);
+  if (command == "cancel") SmsShutdownCancelled(client);
+  if (command == "die") SmsDie(client);
+}
+
+}  // namespace
+
+int main() {
+  char error[256];
+  int count = 0;
+  IceListenObj* places = nullptr;
+  if (SmsInitialize(
+          "Celestrix", "1", Welcome, nullptr, [](char*) { return Bool{True}; }, sizeof error, error) == 0 ||
+      IceListenForConnections(&count, &places, sizeof error, error) == 0) {
+    std::cerr << error << std::endl;
+    return 1;
+  }
+  IceListenObj place = places[count - 1];
+  IceSetHostBasedAuthProc(place, [](char*) { return Bool{True}; });
+  Say(IceComposeNetworkIdList(1, &place));
+  IceConn program = nullptr;
+  for (std::string command;;) {
+    pollfd sources[] = {{0, POLLIN, 0},
+                        {IceGetListenConnectionNumber(place), POLLIN, 0},
+                        {program != nullptr ? IceConnectionNumber(program) : -1, POLLIN, 0}};
+    poll(sources, 3, -1);
+    if (sources[0].revents != 0) {
+      if (!std::getline(std::cin, command)) return 0;
+      Obey(command);
+    }
+    IceAcceptStatus accepted;
+    if (sources[1].revents != 0) program = IceAcceptConnection(place, &accepted);
+    if (sources[2].revents != 0 && IceProcessMessages(program, nullptr, nullptr) != IceProcessMessagesSuccess)
+      program = nullptr;
+  }
+}
