@@ -19,6 +19,8 @@ void _NewAppInstance() {
   RegisterApplication(app);
 }
 
+void _ApplicationAddMenuHandlers() {}  // the menu items do what their names and classes say
+
 void _MakeDefaultView() { Window1::Shared(); }
 
 }  // namespace
@@ -28,6 +30,7 @@ Program::Program(int& argc, char** argv) : runtime_(argc, argv, "celestrix-satel
 void Program::Start() {
   _InitFileTypes();  // before anything that shows a dialog or accepts a drop
   _NewAppInstance();
+  _ApplicationAddMenuHandlers();
   _MakeDefaultView();
 }
 

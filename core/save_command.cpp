@@ -16,7 +16,7 @@ bool PalmIsChosen(const Ref<Window>& window) {
 
 }  // namespace
 
-void SaveBtn_Action(const Ref<Window>& window) {
+void Save(const Ref<Window>& window) {
   const bool palm = PalmIsChosen(window);
   const Ref<FileType> type = palm ? FileTypes1::PDBFile() : FileTypes1::PPCFile();
   const String defaultName = palm ? "celestrix_satellites.pdb"_s : "celestrix_satellites.ppc"_s;
@@ -24,7 +24,7 @@ void SaveBtn_Action(const Ref<Window>& window) {
   if (!target) return;  // cancelled
 
   const Ref<BinaryStream> stream = target->CreateBinaryFile(*type);
-  *stream;  // raises where it could not be created
+  stream.RaiseIfNull();
   const Ref<EditField> txt = RuntimeWindowControlByName(window, "txt"_s).As<EditField>();
   const Ref<StringArray> lines = ElementLines(txt->Text());
   // The choice is looked at again: an accessibility client can change it at any time, also while the dialog is open.

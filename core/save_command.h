@@ -4,9 +4,9 @@
 
 namespace celestrix {
 
-/// The Action handler of "Save...": asks where to save, and writes the text of the window's field `txt` there,
+/// What "Save..." does: asks where to save, and writes the text of the window's field `txt` there,
 /// in the format that its radio buttons `FileFormat` choose. Cancelling is quiet; so is a write that fails. The
 /// window's state stays as it is. Raises NilObjectException when the file cannot be created.
-void SaveBtn_Action(const Ref<Window>& window);
+void Save(const Ref<Window>& window);
 
 }  // namespace celestrix

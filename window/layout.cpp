@@ -53,7 +53,7 @@ void Window1::_CreateControls0() {
   const ControlRow rows[] = {
     {New<StaticText>(), {.Name = "StaticText1",
       .Left = 20, .Top = 14, .Width = 466, .Height = 55, .Locks = kLeft | kTop | kRight,
-      .Caption = kInstructions, .TextColor = 0x7F7F7F}, {}},
+      .LabelOf = "txt", .Caption = kInstructions, .TextColor = 0x7F7F7F}, {}},
     {New<EditField>(), {.Name = "txt",
       .Left = 20, .Top = 81, .Width = 466, .Height = 275, .Locks = kLeft | kTop | kRight | kBottom},
       {{"Open", Call(&Window1::txt_Open)},
@@ -66,7 +66,7 @@ void Window1::_CreateControls0() {
     {New<PushButton>(), {.Name = "SaveBtn",
       .Left = 406, .Top = 380, .Width = 80, .Height = 20, .Locks = kRight | kBottom, .Caption = "Save...",
       .Enabled = false},
-      {{"Action", [](const Ref<Window>& self, const Event&) { SaveBtn_Action(self); }}}},
+      {{"Action", Call(&Window1::SaveBtn_Action)}}},
     {New<GroupBox>(), {.Name = "GroupBox1",
       .Left = 143, .Top = 360, .Width = 221, .Height = 46, .Locks = kLeft | kBottom,
       .Caption = "Celestrix file format"}, {}},
@@ -84,6 +84,10 @@ void Window1::_CreateControls0() {
     for (const auto& [event, handler] : row.handlers) _InstallInstanceEventHandler(row.control, event, handler);
   }
 }
+
+void Window1::AddMenuHandlers(const Ref<Window>& window) { window.As<Window1>().RaiseIfNull(); }
+
+void Window1::SaveBtn_Action() { Save(Self()); }
 
 Ref<Window1> Window1::Self() { return Ref<Window>(shared_from_this()).As<Window1>(); }
 

@@ -21,7 +21,7 @@ Ref<FolderItem> PreferencesFile() { return PreferencesFolder()->Child("Celestrix
 void Window1::Event_Open() {
   const Ref<FolderItem> file = PreferencesFile();
   std::int32_t index = 0;
-  if (file->Exists() && !file->Directory() && file->Length() > 0) {
+  if (file && file->Exists() && !file->Directory() && file->Length() > 0) {
     const Ref<TextInputStream> stream = file->OpenAsTextFile();
     index = RuntimeCvtReal64ToSInt32(Val(stream->ReadLine()));
     stream->Close();
@@ -30,11 +30,12 @@ void Window1::Event_Open() {
 }
 
 void Window1::Event_Close() {
-  const Ref<FolderItem> file = PreferencesFile();
-  file->Delete();
-  const Ref<TextOutputStream> stream = file->CreateTextFile();
-  stream->WriteLine(ControlNamed<RadioButton>("FileFormat"_s, 0)->Value() ? "0"_s : "1"_s);
-  stream->Close();
+  if (const Ref<FolderItem> file = PreferencesFile()) {
+    file->Delete();
+    const Ref<TextOutputStream> stream = file->CreateTextFile();
+    stream->WriteLine(ControlNamed<RadioButton>("FileFormat"_s, 0)->Value() ? "0"_s : "1"_s);
+    stream->Close();
+  }
   Quit(0);
 }
 

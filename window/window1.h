@@ -3,8 +3,6 @@
 //   layout.cpp            its controls, their places and their event handlers
 //   text_acquisition.cpp  how text gets into the field: txt_Open, txt_DropObject, txt_TextChange, BrowseBtn_Action
 //   preferences.cpp       the remembered format choice: Event_Open, Event_Close
-//
-// SaveBtn_Action, the handler of "Save...", is core/save_command.h.
 #pragma once
 
 #include "services/ui/window.h"
@@ -26,6 +24,7 @@ class Window1 : public Window {
   void txt_DropObject(const Ref<DragItem>& item, std::int32_t action);
   void txt_TextChange();
   void BrowseBtn_Action();
+  void SaveBtn_Action();
 
   /// The menu items by their names, wherever in the window's menu bar they are.
   Ref<MenuItem> FileMenu() { return MenuBar()->Descendant("FileMenu"_s); }
@@ -41,6 +40,7 @@ class Window1 : public Window {
  protected:
   void Layout() override;
   void CreateControls() override;
+  void AddMenuHandlers(const Ref<Window>& window) override;
   void Event_Open() override;
   void Event_Close() override;
 

@@ -38,8 +38,13 @@ class Ref {
 
   T* operator->() const { return &**this; }
   T& operator*() const {
-    if (!object_) RaiseNilObjectException(whyNull_.get());
+    RaiseIfNull();
     return *object_;
+  }
+
+  /// Raises NilObjectException where it is null, as any use would.
+  void RaiseIfNull() const {
+    if (!object_) RaiseNilObjectException(whyNull_.get());
   }
 
   /// The same object as a T2, checked; null where it is none. A null reference stays the same null.

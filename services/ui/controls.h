@@ -32,6 +32,8 @@ struct ControlProperties {
   unsigned Locks = 0;
   /// The group box that the control is in; it moves with it. Empty for the window.
   const char* InitialParent = "";
+  /// The name of the control after it that a static text is the label of, for those who hear the window.
+  const char* LabelOf = "";
   /// What a static text, button or group box says.
   const char* Caption = "";
   bool Enabled = true;

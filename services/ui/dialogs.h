@@ -1,5 +1,5 @@
 // The platform's dialogs for choosing a file. They are modal, and open in the folder where the user last
-// chose a file in this run.
+// chose a file in this run. A place that is not a local file raises RuntimeException, and is not remembered.
 #pragma once
 
 #include "services/base/folder_item.h"

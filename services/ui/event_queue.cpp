@@ -12,6 +12,13 @@ std::deque<std::function<void()>> waiting;
 bool isRunning = false;
 bool isOpen = true;
 
+/// Says that a handler runs, for as long as it lives: the running ends also where the alert itself fails, as it may
+/// when there is no memory.
+struct Running {
+  Running() { isRunning = true; }
+  ~Running() { isRunning = false; }
+};
+
 }  // namespace
 
 void RaiseEvent(std::function<void()> handler) {
@@ -19,9 +26,7 @@ void RaiseEvent(std::function<void()> handler) {
   waiting.push_back(std::move(handler));
   if (isRunning) return;
 
-  // On leaving, also where the alert itself fails, as it may when there is no memory.
-  const std::shared_ptr<void> whenDone(nullptr, [](void* /*nothing*/) { isRunning = false; });
-  isRunning = true;
+  const Running running;
   while (!waiting.empty()) {
     const std::function<void()> next = std::move(waiting.front());
     waiting.pop_front();

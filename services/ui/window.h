@@ -20,8 +20,8 @@ class Window : public std::enable_shared_from_this<Window> {
   Window();
   virtual ~Window();
 
-  /// Builds the window (Layout, CreateControls), raises the controls' "Open" events and Event_Open, and then
-  /// shows it.
+  /// Builds the window (Layout, CreateControls, AddMenuHandlers), raises the controls' "Open" events and Event_Open,
+  /// and then shows it.
   void Open();
 
   void MenuBar(const Ref<celestrix::MenuBar>& bar);
@@ -33,6 +33,8 @@ class Window : public std::enable_shared_from_this<Window> {
  protected:
   virtual void Layout() = 0;
   virtual void CreateControls() = 0;
+  /// The place for handlers of the menu items of the window given, which is this one.
+  virtual void AddMenuHandlers(const Ref<Window>& window) = 0;
   /// The controls exist, and the user has not seen them yet.
   virtual void Event_Open() = 0;
   /// The user or the platform closes the window. However the handler ends, the window closes, and with the
@@ -42,6 +44,7 @@ class Window : public std::enable_shared_from_this<Window> {
  private:
   friend void _SetProperties(const Ref<Window>&, const WindowProperties&);
   friend void _SetProperties(const Ref<RectControl>&, const ControlProperties&);
+  friend void KeepWhatClosingKeeps();
   friend Ref<RectControl> RuntimeWindowControlByNameIndex(const Ref<Window>&, const String&, std::int32_t);
 
   class Frame;

@@ -168,6 +168,12 @@ class TestedWindow final : public QObject {
   QList<Alert> alerts_;
 };
 
+/// What Qt makes of the system's wish that the program ends. Nothing happens in it afterwards.
+inline void EndSession() {
+  QEvent quit(QEvent::Quit);
+  QCoreApplication::sendEvent(qApp, &quit);
+}
+
 inline QString PreferencesPath() { return qEnvironmentVariable("XDG_CONFIG_HOME") + "/CelestrixSatellite.prefs"; }
 
 /// A test's main: the program's own start and end, with a home of its own.
@@ -177,6 +183,7 @@ int RunTest(int argc, char** argv) {
   qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   Program program(argc, argv);
+  QLoggingCategory::setFilterRules({});  // a test may speak
   program.Start();
   Test test;
   return QTest::qExec(&test, argc, argv);

@@ -9,7 +9,7 @@ class TestDialogs : public QObject {
     TestedWindow w;
     w.Click(w.browse, WriteFile(Path("a.txt"), "a"));
     const Dialog expected = {
-        .files = "ExistingFile", .title = "Open", .filters = "Text (*.txt *.TXT)", .folder = folder_.path()};
+        .files = "ExistingFile", .title = "Open", .filters = "Text (*.txt *.[tT][xX][tT])", .folder = folder_.path()};
     QCOMPARE(Differences(w.Click(w.browse, ""), expected), "");
   }
 
@@ -17,9 +17,9 @@ class TestDialogs : public QObject {
     QTest::addColumn<bool>("palm");
     QTest::addColumn<QString>("filters");
     QTest::addColumn<QString>("proposedName");
-    QTest::newRow("Palm") << true << "PDB (*.pdb *.PDB)"
+    QTest::newRow("Palm") << true << "PDB (*.pdb *.[pP][dD][bB])"
                           << "celestrix_satellites.pdb";
-    QTest::newRow("Pocket PC") << false << "PPC (*.ppc *.PPC)"
+    QTest::newRow("Pocket PC") << false << "PPC (*.ppc *.[pP][pP][cC])"
                                << "celestrix_satellites.ppc";
   }
   void asksWhereToSave() {

@@ -4,10 +4,10 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QIcon>
+#include <QLoggingCategory>
 #include <QMessageBox>
 #include <QThread>
 #include <QTimer>
-#include <cstdio>
 #include <new>
 
 #include "services/base/background_task.h"
@@ -28,11 +28,7 @@ Ref<Application> registeredApplication;
 // Never destroyed: when the display dies, the toolkit ends the process at once, and windows do not survive the toolkit.
 auto& implicitWindows = *new std::map<std::string, Ref<Window>>;
 bool endedBySystem = false;
-
-/// The toolkit writes its warnings to the terminal; ours is a quiet program. Fatal ones still say why it ends.
-void DiscardMessages(QtMsgType type, const QMessageLogContext&, const QString& message) {
-  if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
-}
+bool onlyAnnounced = false;
 
 void GiveTurnToEventLoop() {
   static QDeadlineTimer nextTurn;
@@ -57,7 +53,8 @@ void ShowAlert(const QString& text) {
   alert.exec();
 }
 
-/// Where errors arrive that arise in the toolkit's own events, outside the handlers.
+/// Where errors arrive that arise in Qt's own events, outside the handlers, and where the system's wish does to end the
+/// program, as the manager of a session has it.
 class GuardedApplication final : public QApplication {
  public:
   using QApplication::QApplication;
@@ -73,19 +70,41 @@ class GuardedApplication final : public QApplication {
       return true;
     }
   }
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::Quit) return QApplication::event(event);
+    RequestQuitBySystem();
+    return true;
+  }
 };
 
 }  // namespace
 
+#ifdef Q_OS_WIN
+/// Windows announces the end of its session. Then the program may be gone at once, or the end be cancelled: so what
+/// closing keeps is kept now, whichever handler runs, and the program goes on.
+void KeepWhatClosingKeeps() {
+  onlyAnnounced = true;
+  try {
+    for (const auto& [className, window] : implicitWindows) window->Event_Close();
+  } catch (const std::exception&) {  // nobody may be there to read why not
+  }
+  onlyAnnounced = false;
+}
+#endif
+
 Runtime::Runtime(int& argc, char** argv, const String& id) {
-  qInstallMessageHandler(DiscardMessages);
+  // Qt writes its warnings to the terminal; ours is a quiet program. QT_LOGGING_RULES='*=true' brings them back.
+  QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
   QCoreApplication::setApplicationName(ToQString(id));
   QCoreApplication::setApplicationVersion(QStringLiteral(PROGRAM_VERSION));
   QGuiApplication::setDesktopFileName(ToQString(id));
   toolkit_ = std::make_shared<GuardedApplication>(argc, argv);
   QApplication::setWindowIcon(ProgramIcon());
-  // The end of the session is announced, and then the program may not be asked again.
-  QObject::connect(qApp, &QGuiApplication::commitDataRequest, qApp, RequestQuitBySystem);
+#ifdef Q_OS_WIN
+  QObject::connect(qApp, &QGuiApplication::commitDataRequest, KeepWhatClosingKeeps);
+#endif
   CatchTerminationSignals(RequestQuitBySystem);
   BackgroundTask::Install(GiveTurnToEventLoop);
 }
@@ -103,6 +122,7 @@ void AddImplicitWindow(const String& className, const Ref<Window>& window) {
 void ReleaseImplicitWindows() { implicitWindows.clear(); }
 
 void Quit(std::int32_t exitCode) {
+  if (onlyAnnounced) return;
   DropEvents();
   QCoreApplication::exit(exitCode);
 }
@@ -112,6 +132,7 @@ void RequestQuit() { QApplication::closeAllWindows(); }
 void RequestQuitBySystem() {
   endedBySystem = true;
   RequestQuit();
+  QCoreApplication::exit();  // of a desktop's own dialog, too, which does not close with the windows
 }
 
 bool IsEndedBySystem() { return endedBySystem; }

@@ -1,6 +1,7 @@
 #include "services/ui/controls.h"
 
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -32,21 +33,46 @@ void SetTextSize(QWidget& widget, int pixels) {
   widget.setFont(font);
 }
 
-/// Gives the widget the largest font up to that size with which its text fits, whatever the desktop's font.
-void FitText(QWidget& widget, int pixels, const std::function<bool()>& fits) {
-  SetTextSize(widget, pixels);
-  while (pixels > kSmallestTextSize && !fits()) SetTextSize(widget, --pixels);
-}
+/// Guards a control against the desktop's theme. Its text is in the largest font up to that size with which it fits,
+/// whatever the theme's font and style, and again when these change. And neither Return nor Escape presses it.
+class ThemeGuard final : public QObject {
+ public:
+  ThemeGuard(QWidget* widget, int pixels, std::function<bool()> fits)
+      : QObject(widget), widget_(*widget), pixels_(pixels), fits_(std::move(fits)) {
+    FitText();
+  }
 
-/// The same for a button, whose caption has to fit what the style leaves for it.
-void FitCaption(QAbstractButton& button, const ControlProperties& properties, QStyle::SubElement contents) {
-  button.resize(properties.Width, properties.Height);
-  FitText(button, properties.TextSize, [&] {
+  bool eventFilter(QObject* /*widget*/, QEvent* event) override {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) FitText();
+    if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease) return false;
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    event->setAccepted(key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Escape);
+    return !event->isAccepted();
+  }
+
+ private:
+  void FitText() {
+    widget_.removeEventFilter(this);  // the fonts that are tried are no reason to fit again
+    int pixels = pixels_;
+    SetTextSize(widget_, pixels);
+    while (pixels > kSmallestTextSize && !fits_()) SetTextSize(widget_, --pixels);
+    widget_.installEventFilter(this);
+  }
+
+  QWidget& widget_;
+  const int pixels_;
+  const std::function<bool()> fits_;
+};
+
+/// For a button, whose caption has to fit what the style leaves for it.
+void GuardButton(QAbstractButton* button, const ControlProperties& properties, QStyle::SubElement contents) {
+  button->resize(properties.Width, properties.Height);
+  new ThemeGuard(button, properties.TextSize, [button, contents] {
     QStyleOptionButton option;
-    option.initFrom(&button);
-    option.text = button.text();
-    return button.fontMetrics().horizontalAdvance(button.text()) <=
-           button.style()->subElementRect(contents, &option, &button).width();
+    option.initFrom(button);
+    option.text = button->text();
+    return button->fontMetrics().horizontalAdvance(button->text()) <=
+           button->style()->subElementRect(contents, &option, button).width();
   });
 }
 
@@ -101,26 +127,29 @@ void StaticText::MakeWidget(const ToolkitWidget& parent, const ControlProperties
   label->setWordWrap(true);
   label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   SetColor(*label, QPalette::WindowText, properties.TextColor);
-  FitText(*label, properties.TextSize, [&] { return label->heightForWidth(properties.Width) <= properties.Height; });
+  new ThemeGuard(label, properties.TextSize, [label, width = properties.Width, height = properties.Height] {
+    return label->heightForWidth(width) <= height;
+  });
 }
 
 void GroupBox::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* box = new QGroupBox(QString::fromUtf8(properties.Caption), parent.widget);
   Adopt({box}, properties);
-  FitText(*box, properties.TextSize, [&] { return box->minimumSizeHint().width() <= properties.Width; });
+  new ThemeGuard(box, properties.TextSize,
+                 [box, width = properties.Width] { return box->minimumSizeHint().width() <= width; });
 }
 
 void PushButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* button = new QPushButton(QString::fromUtf8(properties.Caption), parent.widget);
   Adopt({button}, properties);
-  FitCaption(*button, properties, QStyle::SE_PushButtonContents);
+  GuardButton(button, properties, QStyle::SE_PushButtonContents);
   QObject::connect(button, &QPushButton::clicked, button, [this] { Raise("Action"); });
 }
 
 void RadioButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* button = new ChoiceButton(QString::fromUtf8(properties.Caption), parent.widget);
   Adopt({button}, properties);
-  FitCaption(*button, properties, QStyle::SE_RadioButtonContents);
+  GuardButton(button, properties, QStyle::SE_RadioButtonContents);
 }
 
 bool RadioButton::Value() const { return static_cast<const QRadioButton&>(*widget_->widget).isChecked(); }

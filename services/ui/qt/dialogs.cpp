@@ -5,6 +5,7 @@
 
 #include "services/base/file_type.h"
 #include "services/ui/application.h"
+#include "services/ui/qt/local_file.h"
 #include "services/ui/qt/program_window.h"
 #include "services/ui/qt/strings.h"
 
@@ -12,32 +13,47 @@ namespace celestrix {
 
 namespace {
 
+#ifndef Q_OS_WIN
+const QString kOpen = QStringLiteral("Open"), kSaveAs = QStringLiteral("Save As");
+#else
+const QString kOpen, kSaveAs;  // Windows has titles of its own, in the user's language
+#endif
+
 QString lastFolder;  // empty until the user has chosen a file
 
-/// "PDB (*.pdb *.PDB)": the type's files, whichever case their extension is in.
+/// "PDB (*.pdb *.[pP][dD][bB])": the type's files, whichever case each letter of their extension is in. Windows does
+/// not know the second pattern; the dialogs of some desktops take the first one by the letter.
 QString NameFilter(const String& fileType) {
   const FileType& type = RegisteredFileTypeNamed(fileType);
   const QString extension = ToQString(type.Extensions);
-  return QStringLiteral("%1 (*%2 *%3)").arg(ToQString(type.Name), extension, extension.toUpper());
+  QString inAnyCase;
+  for (const QChar letter : extension.sliced(1)) inAnyCase += '[' + letter.toLower() + letter.toUpper() + ']';
+  return QStringLiteral("%1 (*%2 *.%3)").arg(ToQString(type.Name), extension, inAnyCase);
 }
 
+/// What the user chooses; null for a cancel.
 Ref<FolderItem> ChosenIn(QFileDialog& dialog) {
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
   if (IsEndedBySystem() || dialog.exec() != QDialog::Accepted) return nullptr;
-  const QFileInfo chosen(dialog.selectedFiles().value(0));
-  lastFolder = chosen.absolutePath();
-  return New<FolderItem>(chosen.filesystemAbsoluteFilePath());
+  const QUrl chosen = dialog.selectedUrls().value(0);
+  const QString path = LocalFile(chosen);
+  if (path.isEmpty())
+    throw RuntimeException("“" + chosen.toDisplayString().toStdString() + "” is not a file of this computer.");
+  const QFileInfo file(path);
+  lastFolder = file.absolutePath();
+  return New<FolderItem>(file.filesystemAbsoluteFilePath());
 }
 
 }  // namespace
 
 Ref<FolderItem> GetOpenFolderItem(const String& fileType) {
-  QFileDialog dialog(ProgramWindow(), QString(), lastFolder, NameFilter(fileType));
+  QFileDialog dialog(ProgramWindow(), kOpen, lastFolder, NameFilter(fileType));
   dialog.setFileMode(QFileDialog::ExistingFile);
   return ChosenIn(dialog);
 }
 
 Ref<FolderItem> GetSaveFolderItem(const String& fileType, const String& defaultName) {
-  QFileDialog dialog(ProgramWindow(), QString(), lastFolder, NameFilter(fileType));
+  QFileDialog dialog(ProgramWindow(), kSaveAs, lastFolder, NameFilter(fileType));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.selectFile(ToQString(defaultName));
   return ChosenIn(dialog);

@@ -6,9 +6,13 @@
 namespace celestrix {
 
 Ref<FolderItem> PreferencesFolder() {
-  const QString otherwise = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-  // Set on Windows only: the folder that goes with the user from machine to machine.
-  return New<FolderItem>(QDir(qEnvironmentVariable("APPDATA", otherwise)).filesystemAbsolutePath());
+  QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+#ifdef Q_OS_WIN  // the folder that goes with the user from machine to machine
+  folder = qEnvironmentVariable("APPDATA", folder);
+#endif
+  // An XDG_CONFIG_HOME that is relative is to be ignored.
+  if (QDir::isRelativePath(folder)) folder = QDir::home().filePath(QStringLiteral(".config"));
+  return New<FolderItem>(QDir(folder).filesystemAbsolutePath());
 }
 
 }  // namespace celestrix

@@ -1,5 +1,6 @@
 #include "services/ui/window.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLayout>
@@ -9,6 +10,7 @@
 #include "services/ui/application.h"
 #include "services/ui/event_queue.h"
 #include "services/ui/qt/menu_builder.h"
+#include "services/ui/qt/program_window.h"
 #include "services/ui/qt/toolkit_widget.h"
 
 namespace celestrix {
@@ -24,8 +26,9 @@ class Content final : public QWidget {
 
   void Place(QWidget* widget, const ControlProperties& properties) {
     if (*properties.InitialParent != '\0') return PlaceInside(Parent(properties), widget, properties);
-    // The text right before a control is its label, for those who hear the window instead of seeing it.
-    if (auto* label = placed_.empty() ? nullptr : qobject_cast<QLabel*>(placed_.back().widget)) label->setBuddy(widget);
+    for (const Placed& placed : placed_)
+      if (std::string_view(placed.properties.LabelOf) == properties.Name)
+        static_cast<QLabel*>(placed.widget)->setBuddy(widget);
     placed_.push_back({widget, properties});  // put there by resizeEvent, before the window is seen
   }
 
@@ -79,10 +82,10 @@ class Window::Frame final : public QMainWindow {
     layout()->activate();
     resize(size + Surroundings());
   }
-  /// What the menu bar takes away, where it is in the window at all.
+  /// What the menu bar takes away, where it is in the window at all. In some styles this is not its sizeHint.
   QSize Surroundings() const {
     const bool outside = menuWidget() == nullptr || menuBar()->isNativeMenuBar();
-    return {0, outside ? 0 : menuWidget()->sizeHint().height()};
+    return {0, outside ? 0 : menuBar()->heightForWidth(width())};
   }
 
  protected:
@@ -97,12 +100,19 @@ class Window::Frame final : public QMainWindow {
   Content* content_;
 };
 
+QWidget* ProgramWindow() {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) return window;
+  return nullptr;
+}
+
 Window::Window() : frame_(std::make_unique<Frame>(*this)) {}
 Window::~Window() = default;
 
 void Window::Open() {
   Layout();
   CreateControls();
+  AddMenuHandlers(shared_from_this());
   for (const Ref<RectControl>& control : controls_) control->Raise("Open");
   RaiseEvent([this] { Event_Open(); });
   frame_->show();
