@@ -56,12 +56,11 @@ class TestDialogs : public QObject {
   void saysWhatFailsInAnEventOfQtsOwn_data() {
     QTest::addColumn<std::function<void()>>("fail");
     QTest::addColumn<QString>("alert");
-    const auto row = [](const char* name, const std::function<void()>& fail, const QString& alert) {
+    const auto row = [](const char* name, const QString& alert, const std::function<void()>& fail) {
       QTest::newRow(name) << fail << alert;
     };
-    row(
-        "no memory", [] { throw std::bad_alloc(); }, "There is not enough memory.");
-    row("no parent", PutIntoNobody, "The layout puts “child” into “nobody”, but there is no such control before it.");
+    row("no memory", "There is not enough memory.", [] { throw std::bad_alloc(); });
+    row("no parent", "The layout puts “child” into “nobody”, but there is no such control before it.", PutIntoNobody);
   }
   void saysWhatFailsInAnEventOfQtsOwn() {
     QFETCH(std::function<void()>, fail);

@@ -198,8 +198,8 @@ void TextField::dropEvent(QDropEvent* event) {
   const Ref<DragItem> item = ItemOf(*event->mimeData());
   if (!item) return event->ignore();
   // The source waits until this returns, so the handler, which may have to show an alert, comes later.
-  QMetaObject::invokeMethod(
-      this, [this, item] { events_.dropped(item); }, Qt::QueuedConnection);
+  const auto handle = [this, item] { events_.dropped(item); };
+  QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
 }
 
 /// Qt takes the selection away from where it was before it comes here, so what cannot come is refused before that.
