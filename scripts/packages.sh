@@ -17,10 +17,11 @@ headless_packages=(xvfb openbox xdotool x11-utils xclip imagemagick)
 # To make what is given to people.
 release_packages=(git dpkg-dev file)
 # For the tests: the fuzzer, the checks of style, of the Debian package and of what it holds; a display of Wayland with
-# its clipboard and pictures, and another program to drag from and to.
+# its clipboard and pictures, another program to drag from and to, the dialogs of desktops, and a session's manager.
 test_packages=(clang libclang-rt-dev clang-format clang-tidy shellcheck
   desktop-file-utils appstream man-db dpkg-dev file lintian
-  sway wl-clipboard grim python3-gi gir1.2-gtk-3.0)
+  sway wl-clipboard grim python3-gi gir1.2-gtk-3.0
+  qt6-gtk-platformtheme qt6-xdgdesktopportal-platformtheme dbus-daemon libsm-dev)
 
 # For Windows: the compiler, what unpacks and builds Qt's source, the installer's maker.
 windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev perl xz-utils nsis zip unzip)
