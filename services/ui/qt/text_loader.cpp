@@ -49,6 +49,7 @@ void TextLoader::Load(const String& text) {
     QAccessibleTextRemoveEvent removal(&field_, 0, QString(old->characterCount() - 1, ' '));
     QAccessible::updateAccessibility(&removal);
   }
+  const QScopedValueRollback filling(filling_, true);
   field_.setDocument(nullptr);
   field_.document()->setDefaultFont(old->defaultFont());
   field_.document()->setUndoRedoEnabled(false);
