@@ -18,7 +18,6 @@ install(FILES /usr/share/doc/gcc-mingw-w64-base/copyright RENAME gcc.txt DESTINA
 install(FILES /usr/share/doc/mingw-w64-common/copyright RENAME mingw-w64.txt DESTINATION licences)
 
 set(CPACK_GENERATOR NSIS ZIP)
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_LIST_DIR}/file_times.cmake)
 set(CPACK_PACKAGE_FILE_NAME ${program}-${PROJECT_VERSION}-windows)
 set(CPACK_PACKAGE_VENDOR "Celestrix Satellite Encoder maintainers")
 set(CPACK_PACKAGE_INSTALL_DIRECTORY "Celestrix Satellite Encoder")
