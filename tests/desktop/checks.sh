@@ -1,15 +1,20 @@
-# To be sourced after scripts/display.sh, in the project's folder: what the tests of the desktop share.
+# To be sourced: what the tests of the desktop share. It goes to the project's folder.
 # shellcheck shell=bash disable=SC2034
 
-patience=15
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+source scripts/display.sh
+patience=60
 
-# need COMMAND...: without them the test is skipped.
+# need COMMAND...: without these commands, or files, the test is skipped.
 need() {
   local tool
   for tool; do
-    command -v "$tool" >/dev/null || { echo "SKIPPED: no $tool on this machine" && exit $skipped; }
+    [[ -e $tool ]] || command -v "$tool" >/dev/null || { echo "SKIPPED: no $tool on this machine" && exit $skipped; }
   done
 }
+need Xvfb openbox xdotool xclip import convert
+
+promise() { promise=$1; }
 
 # same WHAT EXPECTED CAME: fails unless both files hold the same, and shows the first lines that differ.
 same() {
@@ -23,7 +28,6 @@ field_holds() {
   until copy_field && cmp -s "$1" "$work/copied.txt"; do
     require_program "the text of $1 in the field"
     if ((SECONDS >= end)); then same 'the text in the field' "$1" "$work/copied.txt"; fi
-    sleep 0.1
   done
 }
 copy_field() {
@@ -37,4 +41,4 @@ copy_field() {
   done
 }
 
-promise() { promise=$1; }
+has_alert() { has_dialog && [[ $(title_of "$dialog") == "$(title_of "$window")" ]]; }

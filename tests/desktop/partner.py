@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""partner.py KIND FILE: another program, for drags from and to it. Its upper half is dragged, the lower one takes drops.
+"""partner.py KIND FILE: another program. Its upper half is dragged, the lower one takes drops.
 
 What is dragged is, by KIND, the FILE's "text", the FILE itself ("file"), or a text that is announced and never comes,
 because the program "hangs" or "dies". When that is asked for, there is a file .asked beside FILE; a dropped text goes

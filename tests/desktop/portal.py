@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""portal.py READY [URI]: a desktop's own service for file dialogs. It answers with the URI, at once; without one, never.
+"""portal.py READY [URI]: a desktop's own service for file dialogs. It answers with the URI; without one, never.
 
 It makes the file READY when it can be called, and READY.called when it is.
 """

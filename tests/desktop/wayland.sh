@@ -1,6 +1,8 @@
 # To be sourced after scripts/display.sh: its display, hand and eye for Wayland, with a sway that shows nothing.
 # shellcheck shell=bash
 
+need sway wl-copy grim
+
 start_display() {
   local as_nobody=() socket
   # sway refuses root.
