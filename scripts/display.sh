@@ -141,7 +141,8 @@ keeps() { [[ $(<"$preference") == "$1" ]] || fail "expected: $preference holds $
 # ---- The display: X11
 
 start_display() {
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" &>>"$work/log" &
+  # Keys do not repeat: on a slow machine none would be released in time.
+  Xvfb -r -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" &>>"$work/log" &
   display_id=$!
   await 'the virtual display' grep -q . "$work/display"
   DISPLAY=:$(<"$work/display")
