@@ -3,48 +3,36 @@
 
 #include "tests/files.h"
 
-class TestProgram : public QObject {
-  Q_OBJECT
+namespace {
 
- private slots:
-  void keepsTheChoiceWhenItIsEnded() {
-    // clang-format off
-    const std::tuple<QString, int, QString, QString> rows[] = {
-        // name, signal, commands that prepare the preferences file $P in config/, what is in it afterwards
-        {"Pocket PC", SIGINT, "mkdir config; printf '1\\r\\nmore' >$P", "1\n"},
-        {"neither", SIGHUP, "mkdir config; echo 2 >$P", "1\n"},
-        {"empty", SIGTERM, "mkdir config; touch $P", "0\n"},
-        {"words", SIGTERM, "mkdir config; printf 'words\\n1' >$P", "0\n"},
-        {"read-only", SIGTERM, "mkdir config; echo 1 >$P; chmod 400 $P", "1\n"},
-        {"link", SIGTERM, "mkdir config; ln -s ../linked $P", "1\n"},
-        {"broken link", SIGTERM, "mkdir config; ln -s ../no/such $P", "0\n"},
-        {"folder of that name", SIGTERM, "mkdir -p $P", "cannot be read"},
-        {"file in the folder's place", SIGTERM, "touch config", "cannot be read"},
-        {"no folder", SIGTERM, "starter=nohup", "0\n"}};
-    // clang-format on
-    for (const auto& [name, signal, before, after] : rows) {
-      const QTemporaryDir home;
-      QProcess program;
-      program.setWorkingDirectory(home.path());
-      program.setProcessChannelMode(QProcess::MergedChannels);
-      program.start("sh", {"-c",
-                           "export XDG_CONFIG_HOME=$PWD/config LC_ALL=de_DE.UTF-8; echo 1st >linked\n"
-                           "P=config/CelestrixSatellite.prefs; " +
-                               before + "; exec env --default-signal=INT,HUP,TERM $starter \"$CELESTRIX_PROGRAM\""});
-      QVERIFY2(program.waitForStarted(), qPrintable("waited for the shell: " + name));
-      const qint64 id = program.processId();
-      QTRY_VERIFY2_WITH_TIMEOUT(Has(id, "SigCgt", signal) && Has(id, "SigCgt", SIGTERM),
-                                qPrintable("waited for its start: " + name), 20000);
-      QCOMPARE(std::pair(name, Has(id, "SigIgn", SIGHUP)), std::pair(name, before == "starter=nohup"));
-      kill(static_cast<pid_t>(id), signal);
-      QVERIFY2(program.waitForFinished(), qPrintable("waited for the program to end: " + name));
-      const int exit = program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
-      const QString left = ReadFile(home.filePath("config/CelestrixSatellite.prefs"));
-      const QString linked = ReadFile(home.filePath("linked"));
-      QCOMPARE(QStringList({name, QString::number(exit), program.readAll(), left, linked}),
-               QStringList({name, "0", "", after, "1st\n"}));
-    }
+/// A run of the program, in a home of its own, until a signal ends it.
+struct Run {
+  QTemporaryDir home = {};
+  QString preparation = "";  // commands of the shell, done there before it
+  QString environment = "XDG_CONFIG_HOME=$PWD/config";
+  int signal = SIGTERM;
+
+  QByteArray output = "";
+  int exitCode = -1;
+  bool ignoresHangups = false;
+
+  void Do() {
+    QProcess program;
+    program.setWorkingDirectory(home.path());
+    program.setProcessChannelMode(QProcess::MergedChannels);
+    // The language is one that the machine may not have.
+    program.start("sh", {"-c", preparation + "\nexec env --default-signal=INT,HUP,TERM -u XDG_CONFIG_HOME HOME=$PWD " +
+                                   "LC_ALL=de_DE.UTF-8 " + environment + " \"$CELESTRIX_PROGRAM\""});
+    QVERIFY(program.waitForStarted());
+    const qint64 id = program.processId();
+    QTRY_VERIFY2_WITH_TIMEOUT(Has(id, "SigCgt", signal) && Has(id, "SigCgt", SIGTERM), "waited for its start", 20000);
+    ignoresHangups = Has(id, "SigIgn", SIGHUP);
+    kill(static_cast<pid_t>(id), signal);
+    QVERIFY2(program.waitForFinished(), "waited for its end");
+    exitCode = program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
+    output = program.readAll();
   }
+  QByteArray Left(const QString& place) const { return ReadFile(home.filePath(place + "/CelestrixSatellite.prefs")); }
 
  private:
   /// Whether the signal is in that set of the process, as the system shows it.
@@ -52,6 +40,91 @@ class TestProgram : public QObject {
     const QByteArray status = ReadFile(QStringLiteral("/proc/%1/status").arg(process));
     const qulonglong bits = status.mid(status.indexOf(set) + set.size() + 2, 16).toULongLong(nullptr, 16);
     return (bits >> (signal - 1) & 1) != 0;
+  }
+};
+
+const QByteArray kNoFile = "cannot be read";
+
+}  // namespace
+
+class TestProgram : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void aSignalEndsItQuietlyAndKeepsTheChoice_data() {
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
+    QTest::newRow("SIGTERM") << SIGTERM;
+  }
+  void aSignalEndsItQuietlyAndKeepsTheChoice() {
+    QFETCH(int, signal);
+    Run run = {.signal = signal};
+    run.Do();
+    QCOMPARE(run.output, "");
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.Left("config"), "0\n");
+  }
+
+  void itsStarterMayHaveItIgnoreHangups() {
+    Run run = {.environment = "XDG_CONFIG_HOME=$PWD/config nohup"};
+    run.Do();
+    QVERIFY(run.ignoresHangups);
+    QCOMPARE(run.exitCode, 0);
+  }
+
+  void speaksWhenItIsAsked() {
+    Run run = {.environment = "XDG_CONFIG_HOME=$PWD/config QT_LOGGING_RULES='*=true'"};
+    run.Do();
+    QVERIFY(!run.output.isEmpty());
+  }
+
+  void replacesTheRememberedChoice_data() {
+    QTest::addColumn<QString>("preparation");
+    QTest::addColumn<QByteArray>("left");
+    QTest::newRow("Palm") << "mkdir config; echo 0 >$P" << QByteArray("0\n");
+    QTest::newRow("Pocket PC") << "mkdir config; printf '1\\r\\nmore' >$P" << QByteArray("1\n");
+    QTest::newRow("neither") << "mkdir config; echo 2 >$P" << QByteArray("1\n");
+    QTest::newRow("read-only") << "mkdir config; echo 1 >$P; chmod 400 $P" << QByteArray("1\n");
+    QTest::newRow("link") << "mkdir config; ln -s ../linked $P" << QByteArray("1\n");
+    QTest::newRow("broken link") << "mkdir config; ln -s ../no/such $P" << QByteArray("0\n");
+    QTest::newRow("folder of that name") << "mkdir -p $P" << kNoFile;
+    QTest::newRow("file in the folder's place") << "touch config" << kNoFile;
+    QTest::newRow("no folder") << "" << QByteArray("0\n");
+  }
+  void replacesTheRememberedChoice() {
+    QFETCH(QString, preparation);
+    QFETCH(QByteArray, left);
+    Run run = {.preparation = "echo 1 >linked; P=config/CelestrixSatellite.prefs; " + preparation};
+    run.Do();
+    QCOMPARE(run.output, "");
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.Left("config"), left);
+    QCOMPARE(ReadFile(run.home.filePath("linked")), "1\n");
+  }
+
+  void keepsItInTheUsersFolder_data() {
+    QTest::addColumn<QString>("environment");
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("XDG_CONFIG_HOME") << "XDG_CONFIG_HOME=$PWD/config"
+                                     << "config";
+    QTest::newRow("none") << ""
+                          << ".config";
+    QTest::newRow("an empty one") << "XDG_CONFIG_HOME="
+                                  << ".config";
+    QTest::newRow("a relative one") << "XDG_CONFIG_HOME=config"
+                                    << ".config";
+    QTest::newRow("APPDATA, which is for Windows") << "APPDATA=$PWD/data"
+                                                   << ".config";
+    QTest::newRow("an empty APPDATA") << "APPDATA="
+                                      << ".config";
+  }
+  void keepsItInTheUsersFolder() {
+    QFETCH(QString, environment);
+    QFETCH(QString, folder);
+    Run run = {.environment = environment};
+    run.Do();
+    QCOMPARE(run.Left(folder), "0\n");
   }
 };
 

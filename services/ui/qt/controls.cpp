@@ -28,7 +28,7 @@ void SetColor(QWidget& widget, QPalette::ColorRole role, QRgb color) {
 }
 
 void SetTextSize(QWidget& widget, int pixels) {
-  QFont font = widget.font();
+  QFont font;  // and not the widget's: all else stays the desktop's, also when that changes
   font.setPixelSize(pixels);
   widget.setFont(font);
 }
