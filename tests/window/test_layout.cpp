@@ -142,6 +142,7 @@ class TestLayout : public QObject {
     QFont font = QApplication::font();
     font.setLetterSpacing(QFont::PercentageSpacing, percent);
     QApplication::setFont(font);
+    QCoreApplication::processEvents();  // which is how the controls hear of it
   }
 
   const QFont font_ = QApplication::font();
