@@ -90,7 +90,7 @@ class TestLayout : public QObject {
   void contentHasItsSizeInEveryStyle_data() {
     QTest::addColumn<QString>("style");
     QTest::newRow("fusion") << "fusion";
-    QTest::newRow("windows, whose menu bar is lower than its hint") << "windows";
+    QTest::newRow("windows, whose menu bar is not as high as its hint") << "windows";
   }
   void contentHasItsSizeInEveryStyle() {
     QFETCH(QString, style);
