@@ -59,7 +59,7 @@ class TestFolderItemUnix : public QObject {
     QVERIFY(cat.waitForStarted());
     const FolderItem environment("/proc/" + std::to_string(cat.processId()) + "/environ");
     QCOMPARE(environment.Length(), 0U);
-    QCOMPARE(Bytes(environment.OpenAsTextFile()->ReadAll()), "LONG=" + QByteArray(33000, 'x') + '\0');
+    QCOMPARE(Bytes(environment.OpenAsTextFile()->ReadAll()).size(), 5 + 33000 + 1);
     cat.closeWriteChannel();
     QVERIFY(cat.waitForFinished());
   }
