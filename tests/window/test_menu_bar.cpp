@@ -39,15 +39,11 @@ class TestMenuBar : public QObject {
   void theWindowFindsItsItemsByTheirNames() {
     TestedWindow w;
     Window1& bar = *w.window;
-    QCOMPARE(Bytes(bar.FileMenu()->Name), "FileMenu");
-    QCOMPARE(Bytes(bar.FileQuit()->Name), "FileQuit");
-    QCOMPARE(Bytes(bar.EditMenu()->Name), "EditMenu");
-    QCOMPARE(Bytes(bar.EditUndo()->Name), "EditUndo");
-    QCOMPARE(Bytes(bar.EditCut()->Name), "EditCut");
-    QCOMPARE(Bytes(bar.EditCopy()->Name), "EditCopy");
-    QCOMPARE(Bytes(bar.EditPaste()->Name), "EditPaste");
-    QCOMPARE(Bytes(bar.EditClear()->Name), "EditClear");
-    QCOMPARE(Bytes(bar.EditSelectAll()->Name), "EditSelectAll");
+    const std::pair<Ref<MenuItem>, QByteArray> items[] = {
+        {bar.FileMenu(), "FileMenu"},   {bar.FileQuit(), "FileQuit"},   {bar.EditMenu(), "EditMenu"},
+        {bar.EditUndo(), "EditUndo"},   {bar.EditCut(), "EditCut"},     {bar.EditCopy(), "EditCopy"},
+        {bar.EditPaste(), "EditPaste"}, {bar.EditClear(), "EditClear"}, {bar.EditSelectAll(), "EditSelectAll"}};
+    for (const auto& [item, name] : items) QCOMPARE(Bytes(item->Name), name);
   }
 
   void anotherProgramsTextIsFetchedOnlyToPasteIt() {

@@ -25,7 +25,7 @@ namespace {
 constexpr qint64 kTurnMilliseconds = 8;
 
 Ref<Application> registeredApplication;
-// Never destroyed: when the display dies, the toolkit ends the process at once, and windows do not survive the toolkit.
+// Never destroyed: when the display dies, Qt ends the process at once, and windows do not survive Qt.
 auto& implicitWindows = *new std::map<std::string, Ref<Window>>;
 bool endedBySystem = false;
 bool onlyAnnounced = false;

@@ -1,4 +1,4 @@
-// Between the framework's strings and the toolkit's. Every character of one is the same character in the other, a mark
+// Between the framework's strings and Qt's. Every character of one is the same character in the other, a mark
 // (U+FEFF) at the start included.
 #pragma once
 

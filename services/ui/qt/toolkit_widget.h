@@ -4,7 +4,7 @@
 
 namespace celestrix {
 
-/// What the headers of services/ui/ call the toolkit's side of a control. The widget belongs to its parent.
+/// What the headers of services/ui/ call Qt's side of a control. The widget belongs to its parent.
 struct ToolkitWidget {
   QWidget* widget;
 };
