@@ -45,7 +45,7 @@ use_linux() {
   select_all=(ctrl+a)
   name_for_program() { echo "$1"; }
   end_session() { kill -TERM "$program_id"; }
-  may_be_killed_by() { false; }
+  may_be_ended_by() { false; } # with another status than 0
   end_system() { :; }
 }
 
@@ -60,7 +60,7 @@ use_wine() {
   select_all=(Home shift+End) # the name field of the system's dialogs knows no Ctrl+A
   name_for_program() { windows_path "$1"; }
   end_session() { start wine wineboot --end-session; }
-  may_be_killed_by() { [[ $1 == end_session ]]; } # which does not wait until those that it asked have ended
+  may_be_ended_by() { [[ $1 == end_session ]]; } # which does not wait until those that it asked have ended
   end_system() { env -i "${environment[@]}" wineserver -k; }
 }
 
@@ -132,7 +132,7 @@ close_program() {
   await 'the end of the program' has_ended
   wait "$program_id" 2>/dev/null || status=$?
   program_id=
-  ((status == 0)) || may_be_killed_by "$1" || fail "expected: the program ends with status 0; came: $status"
+  ((status == 0)) || may_be_ended_by "$1" || fail "expected: the program ends as it should; came: status $status"
 }
 has_ended() { ! kill -0 "$program_id" 2>/dev/null; }
 

@@ -16,15 +16,14 @@ gi.require_version("Gdk", "3.0")
 gi.require_version("Gtk", "3.0")
 from gi.repository import Gdk, Gtk  # noqa: E402
 
+ENDS = {"hangs": signal.SIGSTOP, "dies": signal.SIGKILL}
 kind, file = sys.argv[1], pathlib.Path(sys.argv[2])
 
 
 def hand_out(_widget, _context, selection, _info, _time):
     file.with_suffix(".asked").touch()
-    if kind == "hangs":
-        os.kill(os.getpid(), signal.SIGSTOP)
-    elif kind == "dies":
-        os.kill(os.getpid(), signal.SIGKILL)
+    if kind in ENDS:
+        os.kill(os.getpid(), ENDS[kind])
     elif kind == "file":
         selection.set_uris([file.as_uri()])
     else:

@@ -14,7 +14,7 @@ SmsConn client = nullptr;
 
 void Say(const char* what) { std::cout << what << std::endl; }
 
-/// What the program says is answered so that it can go on; nothing is kept.
+/// Answers what Qt says, and nothing else of the protocol.
 Status Welcome(SmsConn connection, SmPointer, unsigned long* answered, SmsCallbacks* answers, char**) {
   client = connection;
   std::memset(answers, 0, sizeof *answers);
@@ -25,15 +25,10 @@ Status Welcome(SmsConn connection, SmPointer, unsigned long* answered, SmsCallba
     Say("registered");
     return Status{1};
   };
-  answers->interact_request.callback = [](SmsConn conn, SmPointer, int) { SmsInteract(conn); };
-  answers->interact_done.callback = [](SmsConn, SmPointer, Bool) {};
-  answers->save_yourself_request.callback = [](SmsConn, SmPointer, int, Bool, int, Bool, Bool) {};
-  answers->save_yourself_phase2_request.callback = [](SmsConn conn, SmPointer) { SmsSaveYourselfPhase2(conn); };
   answers->save_yourself_done.callback = [](SmsConn, SmPointer, Bool) { Say("saved"); };
   answers->close_connection.callback = [](SmsConn, SmPointer, int, char**) { client = nullptr; };
   answers->set_properties.callback = [](SmsConn, SmPointer, int, SmProp**) {};
   answers->delete_properties.callback = [](SmsConn, SmPointer, int, char**) {};
-  answers->get_properties.callback = [](SmsConn conn, SmPointer) { SmsReturnProperties(conn, 0, nullptr); };
   return 1;
 }
 
