@@ -26,6 +26,7 @@ set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 # The installer is a 64-bit program like the one it installs. The backslash reaches its compiler only "verbatim".
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_NSIS_EXECUTABLE_PRE_ARGUMENTS [[-XTarget\ amd64-unicode]])
+set(CPACK_NSIS_DEFINES "SetDateSave off") # else it would hold when the files were built
 set(CPACK_NSIS_EXECUTABLES_DIRECTORY .)
 set(CPACK_NSIS_DISPLAY_NAME "Celestrix Satellite Encoder")
 set(CPACK_NSIS_INSTALLED_ICON_NAME ${program}.exe)
