@@ -14,6 +14,13 @@ need() {
 }
 need Xvfb openbox xdotool xclip import convert
 
+# talk_to COMMAND...: in the background, over $to_helper and $from_helper.
+talk_to() {
+  coproc "$@" 2>>"$work/log"
+  helpers+=("$COPROC_PID")
+  exec {to_helper}>&"${COPROC[1]}" {from_helper}<&"${COPROC[0]}"
+}
+
 promise() { promise=$1; }
 
 # same WHAT EXPECTED CAME: fails unless both files hold the same, and shows the first lines that differ.

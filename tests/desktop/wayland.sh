@@ -26,15 +26,13 @@ END
   read -r socket SWAYSOCK <"$work/sway/ready"
   export WAYLAND_DISPLAY=$work/sway/$socket SWAYSOCK
   environment+=(WAYLAND_DISPLAY="$WAYLAND_DISPLAY" QT_QPA_PLATFORM=wayland)
-  coproc tests/desktop/wayland_hand.py 2>>"$work/log"
-  helpers+=("$COPROC_PID")
-  exec {to_hand}>&"${COPROC[1]}" {from_hand}<&"${COPROC[0]}"
+  talk_to tests/desktop/wayland_hand.py
 }
 
 hand() {
   local line
-  echo "$*" >&"$to_hand"
-  while read -r line <&"$from_hand" && [[ -n $line ]]; do echo "$line"; done
+  echo "$*" >&"$to_helper"
+  while read -r line <&"$from_helper" && [[ -n $line ]]; do echo "$line"; done
 }
 
 window_named() { hand windows | sed -n "s/ .* $1\$//p" | grep .; }
