@@ -13,7 +13,7 @@ namespace celestrix {
 
 namespace {
 
-// 1.4 million sets, for which Qt needs some 2 GB of memory.
+// 1.4 million sets, for which Qt needs up to 2 GB of memory.
 constexpr int kMostLineEnds = 1 << 22;
 // A line of a million plain characters takes Qt some 0.5 s for each key. Others may take a hundred times as long as
 // those up to U+02FF, whose first byte is less than this one.
@@ -36,23 +36,24 @@ QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparato
 
 /// The length of a line, in plain characters that take Qt as long.
 std::size_t CostOf(std::string_view line) {
-  std::size_t cost = 0;
-  for (const char byte : line) {
-    const auto first = static_cast<unsigned char>(byte);
-    if ((first & 0xC0) != 0x80) cost += first < kFirstByteOfOther ? 1 : kCostOfOther;
-  }
-  return cost;
+  const auto isFirst = [](unsigned char byte) { return (byte & 0xC0) != 0x80; };
+  const auto isFirstOfOther = [=](unsigned char byte) { return isFirst(byte) && byte >= kFirstByteOfOther; };
+  return static_cast<std::size_t>(std::ranges::count_if(line, isFirst)) +
+         (kCostOfOther - 1) * static_cast<std::size_t>(std::ranges::count_if(line, isFirstOfOther));
 }
 
-/// Raises RuntimeException for a text that Qt could not show in any bearable time, beside so many other lines.
-void RequireThatItFits(std::string_view text, int otherLines) {
-  for (int lineEnds = otherLines;; ++lineEnds) {
-    if (lineEnds > kMostLineEnds) throw RuntimeException("The text has more lines than the field can hold.");
+/// Raises RuntimeException for a text that Qt could not show in any bearable time, beside so many other lines, and
+/// std::bad_alloc where there is no memory for it in place of so many others.
+void RequireThatItFits(std::string_view text, int otherLines, int replacedLines) {
+  const std::size_t bytes = text.size();
+  for (int lineEnds = 0;; ++lineEnds) {
+    if (lineEnds > kMostLineEnds - otherLines)
+      throw RuntimeException("The text has more lines than the field can hold.");
     const std::size_t size = std::min(text.find('\n'), text.size());
     // So many bytes without a line end are rare, and only such lines need counting.
     if (size > kLongestLine / kCostOfOther && CostOf(text.substr(0, size)) > kLongestLine)
       throw RuntimeException("The text has a line that is longer than the field can hold.");
-    if (size == text.size()) return;
+    if (size == text.size()) return TextLoader::RequireRoom(lineEnds + replacedLines, bytes);
     text.remove_prefix(size + 1);
   }
 }
@@ -64,7 +65,8 @@ void RequireThatItFits(const String& text, const QTextCursor& place) {
   const QString before = first.text().first(place.selectionStart() - first.position());
   const QString after = last.text().sliced(place.selectionEnd() - last.position());
   const String joined = RuntimeAddString(RuntimeAddString(FromQString(before), text), FromQString(after));
-  RequireThatItFits(joined.Bytes(), document.blockCount() - 1 - (last.blockNumber() - first.blockNumber()));
+  const int replaced = last.blockNumber() - first.blockNumber();
+  RequireThatItFits(joined.Bytes(), document.blockCount() - 1 - replaced, replaced);
 }
 
 /// The text, as it came; an empty one if it did not arrive in time.
@@ -102,8 +104,7 @@ String TextField::Text() {
 
 void TextField::SetText(const String& text) {
   const String lines = WithEndOfLines(text);
-  RequireThatItFits(lines.Bytes(), 0);
-  TextLoader::RequireRoom(lines, QTextCursor(document()));
+  RequireThatItFits(lines.Bytes(), 0, 0);
   loader_.Load(lines);
   unedited_ = lines;
   events_.textChanged();
@@ -155,7 +156,6 @@ std::optional<String> TextField::Admit(const QString& text, const QTextCursor& p
   try {
     const String lines = WithEndOfLines(FromQString(text));
     RequireThatItFits(lines, place);
-    TextLoader::RequireRoom(lines, place);
     return lines;
   } catch (const std::exception&) {
     // Qt's functions that lead here, such as those of its menus, do not survive an exception.
@@ -192,7 +192,11 @@ void TextField::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void TextField::dropEvent(QDropEvent* event) {
-  if (IsOwnDrag(*event)) return MoveSelection(event);
+  if (IsOwnDrag(*event)) {
+    // Qt takes the selection away from where it was before it comes here, so what cannot come is refused before that.
+    if (!Admit(TextOf(*event->mimeData()), cursorForPosition(event->position().toPoint()))) return event->ignore();
+    return QPlainTextEdit::dropEvent(event);
+  }
   Judge(event);
   if (!event->isAccepted()) return;
   const Ref<DragItem> item = ItemOf(*event->mimeData());
@@ -200,13 +204,6 @@ void TextField::dropEvent(QDropEvent* event) {
   // The source waits until this returns, so the handler, which may have to show an alert, comes later.
   const auto handle = [this, item] { events_.dropped(item); };
   QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
-}
-
-/// Qt takes the selection away from where it was before it comes here, so what cannot come is refused before that.
-void TextField::MoveSelection(QDropEvent* event) {
-  const QTextCursor place = cursorForPosition(event->position().toPoint());
-  if (!Admit(TextOf(*event->mimeData()), place)) return event->ignore();
-  QPlainTextEdit::dropEvent(event);
 }
 
 }  // namespace celestrix

@@ -58,7 +58,6 @@ class TextField final : public QPlainTextEdit {
   /// says that it did not arrive. One that does not fit is said to the user when this has returned.
   std::optional<String> Admit(const QString& text, const QTextCursor& place);
   bool IsOwnDrag(const QDropEvent& event) const;
-  void MoveSelection(QDropEvent* event);
   void Judge(QDropEvent* event) const;
 
   Events events_;

@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
-#include <QTextBlock>
 #include <QTimer>
 #include <algorithm>
 
@@ -20,10 +19,8 @@ namespace {
 constexpr std::size_t kSliceSize = 128 * 1024;  // bytes
 constexpr int kSliceLines = 2500;
 
-// What Qt needs while its arrays grow, by doubling, with the step of undo for what comes and what goes.
-constexpr std::size_t kBytesPerLine = 400;
-constexpr std::size_t kBytesPerCharacter = 4;
-constexpr std::size_t kBytesBesides = 32 << 20;  // for a slice, which may be the longest line, and what is shown of it
+constexpr std::size_t kBytesPerLine = 400, kBytesPerByte = 4;  // text_loader.h
+constexpr std::size_t kBytesBesides = 32 << 20;                // for a slice, which may be the longest line
 
 }  // namespace
 
@@ -32,11 +29,8 @@ TextLoader::TextLoader(QPlainTextEdit& field) : field_(field) {
   field.viewport()->installEventFilter(this);
 }
 
-void TextLoader::RequireRoom(const String& text, const QTextCursor& place) {
-  const auto blockAt = [&](int position) { return place.document()->findBlock(position).blockNumber(); };
-  const int removedLines = blockAt(place.selectionEnd()) - blockAt(place.selectionStart());
-  const auto lines = static_cast<std::size_t>(removedLines + std::ranges::count(text.Bytes(), '\n'));
-  const std::size_t size = kBytesPerLine * lines + kBytesPerCharacter * text.Bytes().size() + kBytesBesides;
+void TextLoader::RequireRoom(int lines, std::size_t bytes) {
+  const std::size_t size = kBytesPerLine * static_cast<std::size_t>(lines) + kBytesPerByte * bytes + kBytesBesides;
   FreeBlock(AllocateBlock(size), size);
 }
 
