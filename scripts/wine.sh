@@ -4,9 +4,11 @@
 
 wine_folder=$PWD/build/wine
 wine_prefix=$wine_folder/prefix
-# The two libraries would ask for downloads; winemenubuilder would put Windows' menu entries into the desktop's menu.
+# The two libraries would ask for downloads; winemenubuilder would put
+# Windows' menu entries into the desktop's menu.
 wine_environment=(PATH="$PATH" LANG=C.UTF-8 HOME="$wine_folder/home" TMPDIR="$wine_folder/tmp"
-  WINEPREFIX="$wine_prefix" WINEDEBUG=-all "WINEDLLOVERRIDES=mscoree,mshtml=;winemenubuilder.exe=d")
+  WINEPREFIX="$wine_prefix" WINEDEBUG=-all
+  "WINEDLLOVERRIDES=mscoree,mshtml=;winemenubuilder.exe=d")
 
 # in_wine COMMAND...: without a display, until all that it started has ended. What still ran would keep windows
 # from a display that comes later.
@@ -25,6 +27,8 @@ make_wine_prefix() {
   in_wine wineboot --init &>"$wine_folder/log"
   # The font of Windows' interface. Wine has one that it does not find, and the toolkit would take a serif font for it.
   ln -s /usr/share/wine/fonts/tahoma*.ttf "$wine_prefix/drive_c/windows/Fonts"
+  # Where there is no display, windows are there and not to be seen.
+  in_wine wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d x11,null &>>"$wine_folder/log"
   touch "$wine_folder/made"
 }
 

@@ -8,6 +8,15 @@
 
 namespace model {
 
+/// Qt itself knows Windows-1252 on some systems only.
+inline QString FromWindows1252(const QByteArray& bytes) {
+  const QString from80 = "€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ";
+  QString text = QString::fromLatin1(bytes);
+  for (QChar& c : text)
+    if (c >= QChar(0x80) && c < QChar(0xA0)) c = from80[c.unicode() - 0x80];
+  return text;
+}
+
 /// The text of a file of these bytes, as the field shows it.
 inline QString TextOfFile(const QByteArray& bytes) {
   const QByteArray unmarked = bytes.mid(bytes.startsWith("\xEF\xBB\xBF") ? 3 : 0);
@@ -15,7 +24,7 @@ inline QString TextOfFile(const QByteArray& bytes) {
   if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
     text = QStringDecoder(QStringDecoder::Utf16, QStringDecoder::Flag::Stateless)(bytes);
   else if (text.toUtf8() != unmarked)
-    text = QStringDecoder("windows-1252")(unmarked);
+    text = FromWindows1252(unmarked);
   // A unit of UTF-16 without its partner becomes U+FFFD.
   text = QString::fromStdU32String(U"x" + text.toStdU32String()).mid(1);
   return text.replace("\r\n", "\n").replace('\r', '\n');

@@ -1,12 +1,8 @@
-// What is Windows' own: long paths in any letters, what the alerts say, files of other machines, and a session's end.
+// What is Windows' own: long paths in any letters, what the alerts say, and files of other machines.
 #include <windows.h>
 
-#include <QtWidgets>
-
-#include "app/program.h"
 #include "services/base/folder_item.h"
 #include "services/ui/qt/local_file.h"
-#include "services/ui/qt/program_window.h"
 #include "tests/files.h"
 
 using namespace celestrix;
@@ -37,32 +33,7 @@ class TestWindows : public QObject {
   void aFileOfAnotherMachineIsLocal() {
     QCOMPARE(LocalFile(QUrl("file://server/share/a%20b.txt")), "//server/share/a b.txt");
   }
-
-  void theContentHasItsSize() { QCOMPARE(Frame()->centralWidget()->size(), QSize(506, 426)); }
-
-  void aSessionThatGoesOnKeepsTheTextAndTheChoice() {
-    auto* txt = Frame()->findChild<QPlainTextEdit*>("txt");
-    txt->setPlainText("text");
-    Frame()->findChildren<QRadioButton*>("FileFormat")[1]->click();
-    auto* window = reinterpret_cast<HWND>(Frame()->winId());
-    SendMessageW(window, WM_QUERYENDSESSION, 0, 0);
-    QCOMPARE(ReadFile(qEnvironmentVariable("APPDATA") + "/CelestrixSatellite.prefs"), "1\n");
-    SendMessageW(window, WM_ENDSESSION, FALSE, 0);
-    QTest::qWait(100);
-    QVERIFY2(Frame()->isVisible(), "the program has ended");
-    QCOMPARE(txt->toPlainText(), "text");
-  }
-
- private:
-  static QMainWindow* Frame() { return qobject_cast<QMainWindow*>(ProgramWindow()); }
 };
 
-int main(int argc, char** argv) {
-  const QTemporaryDir home;
-  qputenv("APPDATA", home.path().toUtf8());
-  Program program(argc, argv);
-  program.Start();
-  TestWindows test;
-  return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(TestWindows)
 #include "test_windows.moc"
