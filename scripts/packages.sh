@@ -3,14 +3,12 @@
 
 # To build the program.
 build_packages=(g++ cmake ninja-build qt6-base-dev)
-# To run it: a font, without which no text is drawn; and Wayland, which from Debian 14 on is in Qt's own packages.
-run_packages=(fonts-dejavu-core)
+# To run it: a font, without which no text is drawn; and Wayland. From Debian 14 on the plugin is in Qt's own packages,
+# but not what it needs for windows.
+run_packages=(qt6-wayland fonts-dejavu-core)
 # To try the program for Windows: Wine, with a font. Debian 14 has none.
 wine_packages=(wine wine64 fonts-wine)
-case $(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release 2>/dev/null) in
-  bookworm | trixie) run_packages+=(qt6-wayland) ;;
-  forky) wine_packages=() ;;
-esac
+if [[ $(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release 2>/dev/null) == forky ]]; then wine_packages=(); fi
 # To run it where there is no display: one in memory, a window manager, mouse and keys, properties of windows,
 # clipboard, pictures.
 headless_packages=(xvfb openbox xdotool x11-utils xclip imagemagick)
