@@ -60,7 +60,7 @@ class TestDialogs : public QObject {
       QTest::newRow(name) << fail << alert;
     };
     row("no memory", "There is not enough memory.", [] { throw std::bad_alloc(); });
-    row("no parent", "The layout puts “child” into “nobody”, but there is no such control before it.", PutIntoNobody);
+    row("no parent", "The window has no control “nobody”.", PutIntoNobody);
   }
   void saysWhatFailsInAnEventOfQtsOwn() {
     QFETCH(std::function<void()>, fail);

@@ -24,12 +24,14 @@ class Content final : public QWidget {
 
   void SetDesignedSize(QSize size) { designed_ = size; }
 
-  void Place(QWidget* widget, const ControlProperties& properties) {
-    if (*properties.InitialParent != '\0') return PlaceInside(Parent(properties), widget, properties);
+  void Place(QWidget* widget, const ControlProperties& at) {
+    const bool inGroup = widget->parentWidget() != this;  // which it then moves with
+    const QPoint origin = inGroup ? widget->parentWidget()->pos() : QPoint();
+    widget->setGeometry(QRect(at.Left, at.Top, at.Width, at.Height).translated(-origin));
+    if (inGroup) return;
     for (const Placed& placed : placed_)
-      if (std::string_view(placed.properties.LabelOf) == properties.Name)
-        static_cast<QLabel*>(placed.widget)->setBuddy(widget);
-    placed_.push_back({widget, properties});  // put there by resizeEvent, before the window is seen
+      if (std::string_view(placed.properties.LabelOf) == at.Name) static_cast<QLabel*>(placed.widget)->setBuddy(widget);
+    placed_.push_back({widget, at});
   }
 
  protected:
@@ -42,19 +44,6 @@ class Content final : public QWidget {
     QWidget* widget;
     ControlProperties properties;
   };
-
-  const Placed& Parent(const ControlProperties& child) const {
-    for (const Placed& placed : placed_)
-      if (std::string_view(placed.properties.Name) == child.InitialParent) return placed;
-    throw RuntimeException("The layout puts “" + std::string(child.Name) + "” into “" + child.InitialParent +
-                           "”, but there is no such control before it.");
-  }
-
-  static void PlaceInside(const Placed& parent, QWidget* widget, const ControlProperties& properties) {
-    widget->setParent(parent.widget);
-    widget->setGeometry(properties.Left - parent.properties.Left, properties.Top - parent.properties.Top,
-                        properties.Width, properties.Height);
-  }
 
   void Arrange(const Placed& placed) const {
     const ControlProperties& at = placed.properties;
@@ -148,8 +137,12 @@ void _SetProperties(const Ref<Window>& window, const WindowProperties& propertie
 }
 
 void _SetProperties(const Ref<RectControl>& control, const ControlProperties& properties) {
-  Content& content = *RuntimeSwapSelfAndMe(control)->frame_->ContentPane();
-  control->MakeWidget({&content}, properties);
+  const Ref<Window> window = RuntimeSwapSelfAndMe(control);
+  Content& content = *window->frame_->ContentPane();
+  const String parent{std::string_view(properties.InitialParent)};
+  const bool inWindow = LenB(parent) == 0;
+  control->MakeWidget(inWindow ? ToolkitWidget{&content} : *RuntimeWindowControlByName(window, parent)->widget_,
+                      properties);
   content.Place(control->widget_->widget, properties);
 }
 
