@@ -141,17 +141,21 @@ keeps() { [[ $(<"$preference") == "$1" ]] || fail "expected: $preference holds $
 # ---- The display: X11
 
 start_display() {
+  start_xvfb
+  environment+=(DISPLAY="$DISPLAY")
+  # It announces itself on the display before it is ready, and may never show a window that comes in between.
+  # The command it is given runs when it is.
+  start openbox --startup "touch '$work/ready'"
+  await 'the window manager' test -e "$work/ready"
+}
+
+start_xvfb() {
   # Keys do not repeat: on a slow machine none would be released in time.
   Xvfb -r -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" &>>"$work/log" &
   display_id=$!
   await 'the virtual display' grep -q . "$work/display"
   DISPLAY=:$(<"$work/display")
   export DISPLAY
-  environment+=(DISPLAY="$DISPLAY")
-  # It announces itself on the display before it is ready, and may never show a window that comes in between.
-  # The command it is given runs when it is.
-  start openbox --startup "touch '$work/ready'"
-  await 'the window manager' test -e "$work/ready"
 }
 
 window_named() { xdotool search --onlyvisible --name "^$1$"; }

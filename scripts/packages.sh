@@ -18,7 +18,7 @@ release_packages=(git dpkg-dev file)
 # its clipboard and pictures, another program to drag from and to, the dialogs of desktops, and a session's manager.
 test_packages=(clang libclang-rt-dev clang-format clang-tidy shellcheck
   desktop-file-utils appstream man-db dpkg-dev file lintian
-  sway wl-clipboard grim python3-gi gir1.2-gtk-3.0
+  sway wl-clipboard jq python3-gi gir1.2-gtk-3.0
   qt6-gtk-platformtheme qt6-xdgdesktopportal-platformtheme dbus-daemon libsm-dev)
 
 # For Windows: the compiler, what unpacks and builds Qt's source, the installer's maker.
