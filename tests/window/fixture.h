@@ -180,7 +180,7 @@ inline QString PreferencesPath() { return qEnvironmentVariable("XDG_CONFIG_HOME"
 template <class Test>
 int RunTest(int argc, char** argv) {
   const QTemporaryDir home;
-  qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+  for (const char* folder : {"XDG_CONFIG_HOME", "APPDATA"}) qputenv(folder, home.path().toUtf8());
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   Program program(argc, argv);
   QLoggingCategory::setFilterRules({});  // a test may speak

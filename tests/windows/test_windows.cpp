@@ -1,11 +1,10 @@
-// What is Windows' own: long paths in any letters, what the alerts say, and files of other machines.
+// What is Windows' own: long paths in any letters, what the alerts say, files of other machines, the look of the
+// window, and the session's end.
 #include <windows.h>
 
 #include "services/base/folder_item.h"
 #include "services/ui/qt/local_file.h"
-#include "tests/files.h"
-
-using namespace celestrix;
+#include "tests/window/fixture.h"
 
 class TestWindows : public QObject {
   Q_OBJECT
@@ -33,7 +32,32 @@ class TestWindows : public QObject {
   void aFileOfAnotherMachineIsLocal() {
     QCOMPARE(LocalFile(QUrl("file://server/share/a%20b.txt")), "//server/share/a b.txt");
   }
+
+  void contentHasItsSizeInTheStyleOfWindows() {
+    TestedWindow w;
+    QCOMPARE(QApplication::style()->name(), "windowsvista");
+    QCOMPARE(w.frame->centralWidget()->size(), QSize(506, 426));
+  }
+
+  void anEndThatIsOnlyAnnouncedKeepsTheChoiceAndIsNone() {
+    TestedWindow w;
+    w.Drop("text");
+    TestedWindow::Choose(w.pocket);
+    QEventLoop program;
+    bool goesOn = false;
+    QTimer::singleShot(0, [&] {
+      const auto window = reinterpret_cast<HWND>(w.frame->winId());
+      SendMessageW(window, WM_QUERYENDSESSION, 0, 0);
+      SendMessageW(window, WM_ENDSESSION, FALSE, 0);
+      goesOn = program.isRunning();
+      program.exit();
+    });
+    program.exec();
+    QVERIFY(goesOn);
+    QCOMPARE(w.Text(), "text");
+    QCOMPARE(ReadFile(PreferencesPath()), "1\n");
+  }
 };
 
-QTEST_GUILESS_MAIN(TestWindows)
+int main(int argc, char** argv) { return RunTest<TestWindows>(argc, argv); }
 #include "test_windows.moc"
