@@ -2,7 +2,7 @@
 """partner.py KIND FILE: another program. Its upper half is dragged, the lower one takes drops.
 
 What is dragged is, by KIND, the FILE's "text", the FILE itself ("file"), or a text that is announced and never comes,
-because the program "hangs" or "dies". When that is asked for, there is a file .asked beside FILE; a dropped text goes
+because the program "hangs". When that is asked for, there is a file .asked beside FILE; a dropped text goes
 into one with .dropped.
 """
 import os
@@ -16,14 +16,13 @@ gi.require_version("Gdk", "3.0")
 gi.require_version("Gtk", "3.0")
 from gi.repository import Gdk, Gtk  # noqa: E402
 
-ENDS = {"hangs": signal.SIGSTOP, "dies": signal.SIGKILL}
 kind, file = sys.argv[1], pathlib.Path(sys.argv[2])
 
 
 def hand_out(_widget, _context, selection, _info, _time):
     file.with_suffix(".asked").touch()
-    if kind in ENDS:
-        os.kill(os.getpid(), ENDS[kind])
+    if kind == "hangs":
+        os.kill(os.getpid(), signal.SIGSTOP)
     elif kind == "file":
         selection.set_uris([file.as_uri()])
     else:

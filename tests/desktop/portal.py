@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""portal.py READY [URI]: a desktop's own service for file dialogs. It answers with the URI; without one, never.
+"""portal.py READY [URI]: a desktop's own service for dialogs that open files. It answers with the URI; without one, never.
 
 It makes the file READY when it can be called, and READY.called when it is.
 """
@@ -11,10 +11,9 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
 
-METHOD = """<method name="{}"><arg type="s" direction="in"/><arg type="s" direction="in"/>
-<arg type="a{{sv}}" direction="in"/><arg type="o" direction="out"/></method>"""
-INTERFACE = f"""<node><interface name="org.freedesktop.portal.FileChooser">{METHOD.format("OpenFile")}
-{METHOD.format("SaveFile")}<property name="version" type="u" access="read"/></interface></node>"""
+INTERFACE = """<node><interface name="org.freedesktop.portal.FileChooser"><method name="OpenFile">
+<arg type="s" direction="in"/><arg type="s" direction="in"/><arg type="a{sv}" direction="in"/>
+<arg type="o" direction="out"/></method><property name="version" type="u" access="read"/></interface></node>"""
 REQUEST = "/org/freedesktop/portal/desktop/request/1"
 
 

@@ -1,5 +1,5 @@
 // A session manager for one program. It writes the address for SESSION_MANAGER, then "registered" and, each time that
-// the program has saved itself, "saved"; it obeys the lines "checkpoint", "shutdown", "cancel" and "die".
+// the program has saved itself, "saved"; it obeys the lines "shutdown", "cancel" and "die".
 #include <X11/ICE/ICElib.h>
 #include <X11/SM/SMlib.h>
 #include <poll.h>
@@ -33,7 +33,6 @@ Status Welcome(SmsConn connection, SmPointer, unsigned long* answered, SmsCallba
 }
 
 void Obey(const std::string& command) {
-  if (command == "checkpoint") SmsSaveYourself(client, SmSaveBoth, False, SmInteractStyleNone, False);
   if (command == "shutdown") SmsSaveYourself(client, SmSaveBoth, True, SmInteractStyleAny, False);
   if (command == "cancel") SmsShutdownCancelled(client);
   if (command == "die") SmsDie(client);

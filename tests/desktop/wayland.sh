@@ -23,7 +23,8 @@ END
   ((EUID != 0)) || { chown -R nobody "$work/sway" && chmod 711 "$work"; }
   start "${as_nobody[@]}" env XDG_RUNTIME_DIR="$work/sway" WLR_BACKENDS=x11 WLR_RENDERER=pixman \
     DISPLAY="$DISPLAY" sway --config "$work/sway/config"
-  helpers+=("$!")
+  sway_id=$!
+  helpers+=("$sway_id")
   await 'sway' grep -q . "$work/sway/ready"
   local socket
   read -r socket SWAYSOCK <"$work/sway/ready"
