@@ -1,5 +1,5 @@
-// The kinds of file that the program reads and writes. This header and its source are a leaf: they need
-// nothing but services/, and any folder may include them.
+// The kinds of file that the program reads and writes. This header and its source need only services/base/, so
+// core/ and window/ may include the header too.
 #pragma once
 
 #include "services/base/file_type.h"
@@ -14,7 +14,7 @@ Ref<FileType> TextFile();
 Ref<FileType> PPCFile();
 Ref<FileType> PDBFile();
 
-/// Each lets go of one type, at the program's end.
+/// Each releases one type, at the end of the program.
 void ReleaseTextFile();
 void ReleasePPCFile();
 void ReleasePDBFile();

@@ -1,4 +1,4 @@
-// From element lines to a file: the one way, for both formats.
+// From element lines to a file, in either format.
 #pragma once
 
 #include "services/base/binary_stream.h"
@@ -8,8 +8,8 @@ namespace celestrix {
 
 enum class ElementFileFormat { kPalmDatabase, kPocketPcFile };
 
-/// Writes normalised lines as a whole file of that format, onto an empty stream, which it leaves open. The byte order
-/// belongs to the format, and is set here.
+/// Writes normalised lines as a complete file of that format to an empty stream, which stays open. Sets the stream's
+/// byte order to that of the format.
 void WriteElementFile(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines, ElementFileFormat format);
 
 }  // namespace celestrix

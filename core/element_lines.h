@@ -3,7 +3,7 @@
 // The content of a line is never examined. What counts is its width: every line that is kept fills a line
 // slot of 71 bytes, and three consecutive kept lines make one element set, the unit of one record.
 //
-//   record data area, from the data start that the file's header leaves:
+//   record data area, which begins where the file's header ends, at the data start:
 //
 //   offset            size   content
 //   0                 71     line 0: name of the satellite of set 0, NUL bytes up to the slot's end
@@ -11,7 +11,7 @@
 //   142               71     line 2: element line 2
 //   213 * k           213    element set k, likewise
 //
-// Nothing stands between slots or behind the last one.
+// There is nothing between slots or after the last one.
 #pragma once
 
 #include "services/base/binary_stream.h"
@@ -26,11 +26,11 @@ inline constexpr std::int32_t kSetSize = kLinesPerSet * kLineWidth;  // bytes
 /// Splits the field's text at EndOfLine, and at nothing else, and normalises the lines.
 Ref<StringArray> ElementLines(const String& text);
 
-/// Brings the lines to their width, in place: removes blank lines and lines longer than 71 bytes, and adds
+/// Makes all lines 71 bytes wide, in place: removes blank lines and lines longer than 71 bytes, and adds
 /// NUL bytes to the shorter ones. Yields once per line and once per added byte.
 ///
-/// Blankness is judged on the trimmed line, length on the line as it is: white space at a line's ends is
-/// kept, and counts, so that it can push a line past the width.
+/// Whether a line is blank is judged after trimming, its length before: white space at either end is kept and counts,
+/// and so can make a line too long.
 void Normalise(const Ref<StringArray>& lines);
 
 /// The number of whole element sets in normalised lines. The one or two lines left over belong to none.

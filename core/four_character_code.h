@@ -4,8 +4,8 @@
 
 namespace celestrix {
 
-/// The 32-bit value of four ASCII characters, the first one most significant. Written by a stream, they
-/// stand in reading order where the most significant byte comes first, and reversed where it comes last.
+/// The 32-bit value of four ASCII characters, the first one most significant. A stream writes them in reading order if
+/// it writes the most significant byte first, otherwise reversed.
 inline std::int32_t FourCharacterCode(const String& c1, const String& c2, const String& c3, const String& c4) {
   return ((Asc(c1) * 256 + Asc(c2)) * 256 + Asc(c3)) * 256 + Asc(c4);
 }

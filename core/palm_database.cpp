@@ -54,7 +54,7 @@ void WriteRecordList(const Ref<BinaryStream>& stream, std::int32_t setCount) {
 void WriteDatabaseName(const Ref<BinaryStream>& stream, const String& name) {
   stream->Write(RuntimeAddString(name, Chr(0)));
   if (stream->Position() > kNameFieldSize) {
-    // The header goes on at the field's end, over what of the name stands beyond it.
+    // The rest of the header will overwrite what has been written beyond the field.
     stream->Position(kNameFieldSize - 1);
     stream->WriteByte(0);
   }

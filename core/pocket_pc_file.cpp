@@ -2,7 +2,7 @@
 //
 //   offset     size      field
 //   0          4         header constant: 24
-//   4          4         type code "pl12"; in this byte order the file holds "21lp", and must
+//   4          4         type code "pl12", which this byte order turns into "21lp", as it must
 //   8          4         number of element sets n
 //   12         4         element set size: 213
 //   16         213 * n   record data area (element_lines.h)

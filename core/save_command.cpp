@@ -27,8 +27,8 @@ void Save(const Ref<Window>& window) {
   stream.RaiseIfNull();
   const Ref<EditField> txt = RuntimeWindowControlByName(window, "txt"_s).As<EditField>();
   const Ref<StringArray> lines = ElementLines(txt->Text());
-  // The choice is looked at again: an accessibility client can change it at any time, also while the dialog is open.
-  // What is chosen now decides on all of the file's content.
+  // The choice is read again: an accessibility client can change it at any time, even while the dialog is open. What is
+  // chosen now decides the whole content of the file.
   WriteElementFile(stream, lines,
                    PalmIsChosen(window) ? ElementFileFormat::kPalmDatabase : ElementFileFormat::kPocketPcFile);
   stream->Close();

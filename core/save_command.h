@@ -4,9 +4,9 @@
 
 namespace celestrix {
 
-/// What "Save..." does: asks where to save, and writes the text of the window's field `txt` there,
-/// in the format that its radio buttons `FileFormat` choose. Cancelling is quiet; so is a write that fails. The
-/// window's state stays as it is. Raises NilObjectException when the file cannot be created.
+/// What "Save..." does: asks where to save, and writes the text of the window's field `txt` there, in the format that
+/// is chosen by its radio buttons `FileFormat`. Says nothing if the user cancels or a write fails. Does not change the
+/// window's state. Raises NilObjectException when the file cannot be created.
 void Save(const Ref<Window>& window);
 
 }  // namespace celestrix

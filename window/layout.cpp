@@ -1,5 +1,4 @@
-// The layout of the window: a table of its controls, in the order in which they are made, which is also the
-// order in which Tab visits them.
+// The layout of the window: a table of its controls, in the order in which they are made and Tab visits them.
 #include "core/save_command.h"
 #include "services/ui/application.h"
 #include "window/menu_bar.h"
@@ -25,7 +24,7 @@ struct ControlRow {
   std::vector<std::pair<const char*, EventHandler>> handlers;
 };
 
-/// A handler that needs nothing of what the event says.
+/// A handler that does not use the event's arguments.
 EventHandler Call(void (Window1::*handler)()) {
   return [handler](const Ref<Window>& self, const Event&) { ((*self.As<Window1>()).*handler)(); };
 }

@@ -11,7 +11,7 @@ class MenuBar1 : public MenuBar {
 
   /// The bar that the application and the window share, made on the first call.
   static Ref<MenuBar1> Shared();
-  /// Lets go of it at the program's end.
+  /// Releases it at the end of the program.
   static void Release();
 
  private:

@@ -1,11 +1,11 @@
-// The remembered format choice: one line in a file of the user's preferences folder.
+// The remembered format choice: one line in a file in the user's preferences folder.
 //
 //   line   written when                      read as
 //   "0"    FileFormat(0) (Palm) is chosen    choose FileFormat(0)
 //   "1"    it is not                         choose FileFormat(1)
 //
-// No file, an empty file or a folder of that name: Palm. A line with the number of no member is an error, and
-// chooses nothing.
+// If there is no file, an empty file or a folder of that name, Palm is chosen. Any other number is an error, and
+// nothing is chosen.
 #include "services/ui/application.h"
 #include "services/ui/preferences_folder.h"
 #include "window/window1.h"

@@ -12,7 +12,7 @@ void Window1::txt_Open() {
 }
 
 void Window1::txt_DropObject(const Ref<DragItem>& item, std::int32_t /*action*/) {
-  // Only the first item counts, and it is a file before it is text. The field itself shows a text's lines as lines.
+  // Only the first item counts, as a file if it is one. The field itself replaces the line endings of a text.
   if (item->FolderItemAvailable())
     LoadFile(item->FolderItem());
   else if (item->TextAvailable())

@@ -1,6 +1,6 @@
 // Window1: the program's one window.
 //
-//   layout.cpp            its controls, their places and their event handlers
+//   layout.cpp            its controls, their positions and their event handlers
 //   text_acquisition.cpp  how text gets into the field: txt_Open, txt_DropObject, txt_TextChange, BrowseBtn_Action
 //   preferences.cpp       the remembered format choice: Event_Open, Event_Close
 #pragma once
@@ -11,7 +11,7 @@ namespace celestrix {
 
 class Window1 : public Window {
  public:
-  /// The one that is open; it is made and opened on the first call.
+  /// The open window; the first call makes and opens it.
   static Ref<Window1> Shared();
 
   /// A member of the set of radio buttons that chooses the format: 0 is "Palm (PDB)", 1 is "Pocket PC (PPC)".

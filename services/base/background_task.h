@@ -1,7 +1,7 @@
 // The cooperative yield.
 //
-// Long loops call RuntimeBackgroundTask once in each pass. A pass may take a few nanoseconds, and there
-// are millions: so the call itself only counts down, and the task behind it runs once in kPassesPerRun.
+// Long loops call RuntimeBackgroundTask once in each pass. There may be millions of passes of a few nanoseconds
+// each, so the call only counts down, and the task runs at every kPassesPerRun-th call.
 #pragma once
 
 #include <cstdint>
@@ -14,11 +14,10 @@ class BackgroundTask {
  public:
   using Task = std::function<void()>;
 
-  /// So many passes take less than a millisecond, and make up for what the task costs.
+  /// This many passes take less than a millisecond; the cost of the task is small against theirs.
   static constexpr std::int32_t kPassesPerRun = 1024;
 
-  /// Makes this the task, in place of the last one, and lets it run at the next pass. Without a task a
-  /// yield does nothing.
+  /// Sets the task, which replaces an earlier one and runs at the next pass. Without a task a yield does nothing.
   static void Install(Task task) {
     task_ = std::move(task);
     passesLeft_ = 0;

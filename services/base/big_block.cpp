@@ -1,4 +1,4 @@
-// Linux alone is told about large pages; elsewhere this is standard C++ and no more.
+// Large pages are requested on Linux only; elsewhere this is plain standard C++.
 #include "services/base/big_block.h"
 
 #include <new>

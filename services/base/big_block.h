@@ -1,6 +1,6 @@
-// Memory for what grows with the text. Its cost is not the asking for it but the first touch of each page, at
-// which the system stops the program to fill the page with zeros. Big blocks therefore ask for pages of the
-// largest kind, where the system has one; without them, a whole conversion takes 1.5 times as long.
+// Memory for what grows with the text. Allocating it is cheap; what costs is the first access to each page, when
+// the system interrupts the program to fill the page with zeros. Big blocks therefore ask for large pages, if the
+// system has them; without them, a whole conversion takes 1.5 times as long.
 #pragma once
 
 #include <cstddef>
@@ -9,9 +9,9 @@ namespace celestrix {
 
 inline constexpr std::size_t kLargePageSize = 2 * 1024 * 1024;
 
-/// Raises std::bad_alloc where there is no more memory.
+/// Raises std::bad_alloc if there is not enough memory.
 void* AllocateBlock(std::size_t size);
-/// `size` is that with which it was allocated.
+/// `size` must be the size with which it was allocated.
 void FreeBlock(void* block, std::size_t size);
 
 /// The same for the containers of the standard library.

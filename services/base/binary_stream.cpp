@@ -5,7 +5,7 @@
 namespace celestrix {
 
 void BinaryStream::Position(std::uint64_t position) {
-  // The file writes out its buffer at every move, also at one to where it stands.
+  // The file writes out its buffer at every seek, even at one to the current position.
   if (position == position_) return;
   file_.pubseekpos(static_cast<std::streamoff>(position));
   position_ = position;

@@ -1,7 +1,7 @@
 // BinaryStream: an open file that is written byte by byte, in either byte order.
 //
-// A write that fails is not reported; what stands in the file behind it is then undefined, and everything else
-// goes on. The last reference to an open stream closes it, as Close does.
+// A write that fails is not reported; the content of the file from there on is then undefined. The last reference to
+// an open stream closes it, as Close does.
 #pragma once
 
 #include <fstream>
@@ -12,10 +12,10 @@ namespace celestrix {
 
 class BinaryStream {
  public:
-  /// The size of the buffer, in bytes. With the 8 KB that a file has of itself, a conversion takes 1.1 times as long.
+  /// The size of the buffer, in bytes. With a file's own buffer of 8 KB, a conversion takes 1.1 times as long.
   static constexpr std::size_t kBufferSize = 64 * 1024;
 
-  /// On an open, empty file and the buffer that it was given.
+  /// For an open, empty file and the buffer that it uses.
   BinaryStream(std::unique_ptr<char[]> buffer, std::filebuf file)
       : buffer_(std::move(buffer)), file_(std::move(file)) {}
 
@@ -31,9 +31,9 @@ class BinaryStream {
   /// Writes the string's bytes, without a length or a terminator.
   void Write(const String& text) { WriteBytes(text.Bytes()); }
 
-  /// The offset in bytes at which the next write goes.
+  /// The offset of the next write, in bytes.
   std::uint64_t Position() const { return position_; }
-  /// Moves it, to any place up to the end of what has been written. (Beyond it, the gap would be zeros.)
+  /// Sets it, at most to the end of what has been written. (Beyond that, the gap would be zeros.)
   void Position(std::uint64_t position);
 
   /// Writes out everything and closes the file. Writes after it are lost.

@@ -7,13 +7,13 @@
 
 namespace celestrix {
 
-/// The base of all errors. what() is a sentence in UTF-8, fit to be shown to the user as it stands.
+/// The base of all errors. what() is a sentence in UTF-8 that can be shown to the user as it is.
 class RuntimeException : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Raised when a null reference is used. what() says why the reference was null, where the operation
+/// Raised when a null reference is used. what() says why the reference was null, if the operation
 /// that returned it knew ("“/tmp/a.pdb” could not be created: Permission denied.").
 class NilObjectException : public RuntimeException {
  public:

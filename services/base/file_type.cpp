@@ -7,7 +7,7 @@ namespace celestrix {
 
 namespace {
 
-std::deque<FileType> registeredTypes;  // a deque: what it holds stays where it is
+std::deque<FileType> registeredTypes;  // a deque: references to its elements stay valid
 
 char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 

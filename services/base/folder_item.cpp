@@ -24,30 +24,30 @@ std::string CouldNot(const char* done, fs::path path, const std::string& reason)
 /// Why the last operation on a file failed.
 std::string LastReason() { return SystemReason({errno, std::generic_category()}); }
 
-/// Why what stands at the path must not be opened; nothing where opening it may be tried.
+/// Why the path must not be opened; nothing if opening it may be tried.
 std::optional<std::string> WhyNotAFile(const fs::path& path, bool forWriting) {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
   if (status.type() == fs::file_type::none) return SystemReason(error);
   if (fs::is_directory(status)) return SystemReason(make_error_code(std::errc::is_a_directory));
-  // Where there is nothing, a new file may be made; if it is not, opening it has the better reason.
+  // If there is nothing, a file may be created there, and if opening fails, it has the better reason.
   const bool mayTry =
       fs::is_regular_file(status) || !fs::exists(status) || (forWriting && fs::is_character_file(status));
   return mayTry ? std::nullopt : std::optional<std::string>("It is not a file");
 }
 
-/// Creates the file empty and opens it; returns why that failed, or nothing.
+/// Creates an empty file and opens it; returns why that failed, or nothing.
 std::optional<std::string> CreateEmpty(const fs::path& path, std::filebuf& file) {
   if (const auto reason = WhyNotAFile(path, true)) return CouldNot("created", path, *reason);
   if (file.open(path, std::ios::out | std::ios::binary | std::ios::trunc) != nullptr) return std::nullopt;
   return CouldNot("created", path, LastReason());
 }
 
-/// All bytes of the file up to its end, which need not be where the system says: some file systems say 0 for a file
-/// that has content, and a file may grow while it is read. Null where it is too large.
+/// All bytes of the file up to its end, which need not be where the system says: some file systems report a length of 0
+/// for a file that has content, and a file may grow while it is read. Nothing if it is too large.
 std::optional<String> ReadToEnd(std::filebuf& file, std::uint64_t expectedLength) {
   constexpr std::uint64_t kLeastRoom = 4096;
-  // More room than bytes: that is how the end shows.
+  // The end has been reached only if there was more room than bytes.
   for (std::uint64_t room = std::max(expectedLength + 1, kLeastRoom); room <= String::kMaxSize; room *= 2) {
     file.pubseekpos(0);
     String bytes = String::Build(room, [&](char* start) {
@@ -97,7 +97,7 @@ Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
   try {
     const auto bytes = ReadToEnd(file, Length());
     return bytes ? New<TextInputStream>(DecodeText(*bytes)) : nil("It is too large");
-  } catch (const std::ios_base::failure& error) {  // a read that failed in the middle
+  } catch (const std::ios_base::failure& error) {  // a read that failed midway
     return nil(SystemReason(error.code()));
   }
 }

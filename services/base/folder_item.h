@@ -1,8 +1,7 @@
 // FolderItem: a place in the file system, at which a file may or may not exist.
 //
-// Nothing here blocks on what stands at a place: only regular files are opened (and, for writing,
-// character devices), never a pipe, a socket or a folder. A file that cannot be opened or created yields
-// a null stream that knows the system's reason.
+// Nothing here blocks: only regular files are opened (and, for writing, character devices), never a pipe, a socket
+// or a folder. A file that cannot be opened or created gives a null stream that knows the system's reason.
 #pragma once
 
 #include <filesystem>
@@ -21,20 +20,20 @@ class FolderItem {
 
   bool Exists() const;
   bool Directory() const;
-  /// The file's length in bytes; 0 for what is no regular file.
+  /// The file's length in bytes; 0 if it is not a regular file.
   std::uint64_t Length() const;
 
   /// Removes the file. Does nothing where there is none, and leaves a folder alone.
   void Delete() const;
 
-  /// Opens the existing file for reading text, and reads it to its end. Null when it is no regular file, cannot be
-  /// read from start to end, or does not fit a String, which is also what a text field can hold.
+  /// Opens the existing file for reading text, and reads it to its end. Null when it is not a regular file, cannot be
+  /// read from start to end, or does not fit into a String.
   Ref<TextInputStream> OpenAsTextFile() const;
-  /// Creates the file empty, in place of what stood there, and opens it for writing text. The folders that it is
-  /// in are made if they do not exist.
+  /// Creates an empty file, which replaces an existing one, and opens it for writing text. Makes the folders that it
+  /// is in if they do not exist.
   Ref<TextOutputStream> CreateTextFile() const;
-  /// Creates the file empty, in place of what stood there, and opens it for writing bytes. It is of the registered
-  /// type of that name. The folder must exist.
+  /// Creates an empty file, which replaces an existing one, and opens it for writing bytes. `fileType` names its
+  /// registered type. The folder must exist.
   Ref<BinaryStream> CreateBinaryFile(const String& fileType) const;
 
  private:

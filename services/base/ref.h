@@ -1,11 +1,11 @@
-// Ref<T>: the one way in which the program holds an object of the framework.
+// Ref<T>: how the program holds the objects of the framework.
 //
 // Ownership is shared: the object lives exactly as long as some Ref holds it. A Ref may be null; using
-// a null one raises NilObjectException, so that no caller tests a result before it uses it. Only where
-// null has a meaning of its own (a cancelled dialog) is it tested, with `if (!ref)`.
+// a null one raises NilObjectException, so a caller need not test a result before it uses it. Null is tested
+// for, with `if (!ref)`, only where it has a meaning of its own (a cancelled dialog).
 //
-// An operation that fails returns Ref<T>::Nil(why). The reason travels with the null reference and
-// becomes the text of the exception, if anybody uses it.
+// An operation that fails returns Ref<T>::Nil(why). The reason stays with the null reference and
+// becomes the text of the exception if the reference is used.
 #pragma once
 
 #include <cstddef>
@@ -42,12 +42,12 @@ class Ref {
     return *object_;
   }
 
-  /// Raises NilObjectException where it is null, as any use would.
+  /// Raises NilObjectException if it is null, as any use would.
   void RaiseIfNull() const {
     if (!object_) RaiseNilObjectException(whyNull_.get());
   }
 
-  /// The same object as a T2, checked; null where it is none. A null reference stays the same null.
+  /// The same object as a T2; null if it is not one. A null reference keeps its reason.
   template <class T2>
   Ref<T2> As() const {
     Ref<T2> other(std::dynamic_pointer_cast<T2>(object_));

@@ -15,9 +15,9 @@ constexpr std::size_t kSmallestSharedBlock = 64 * 1024;
 constexpr std::size_t kLargestSharedBlock = 2 * kLargePageSize - 64;
 constexpr std::size_t kLongestShortString = 128;
 
-// Room for a piece of this size each is reserved when a text is split, which is ample for lines of elements. Room
-// that is not used costs nothing: the system gives memory when it is written to. Growing step by step, a whole
-// conversion takes 1.07 times as long.
+// When a text is split, room is reserved as if each piece had this size, which is ample for element lines. Room that
+// is not used costs nothing: the system provides memory when it is written to. If the array grew step by step, a whole
+// conversion would take 1.07 times as long.
 constexpr std::size_t kUsualPieceSize = 32;
 
 // White space, as UTF-8.
@@ -27,11 +27,11 @@ constexpr std::string_view kSpaces[] = {
     "\u2009", "\u200A", "\u2028", "\u2029", "\u202F", "\u205F", "\u3000",
 };
 
-/// The size of the white space character at the start of the text, or at its end; 0 where there is none.
+/// The size of the white space character at the start of the text, or at its end; 0 if there is none.
 std::size_t SpaceAt(bool end, std::string_view text) {
   if (text.empty()) return 0;
   const auto outermost = static_cast<unsigned char>(end ? text.back() : text.front());
-  if (outermost > ' ' && outermost < 0x80) return 0;  // the usual case, told quickly
+  if (outermost > ' ' && outermost < 0x80) return 0;  // the usual case, decided quickly
   for (std::string_view space : kSpaces)
     if (end ? text.ends_with(space) : text.starts_with(space)) return space.size();
   return 0;
@@ -120,7 +120,7 @@ String Chr(std::int32_t code) {
 double Val(const String& text) {
   const String trimmed = Trim(text);
   const std::string_view rest = trimmed.Bytes();
-  // std::from_chars takes "nan" and "inf" for numbers, and knows no plus sign.
+  // std::from_chars accepts "nan" and "inf", which are not numbers here, and does not accept a plus sign.
   const std::string_view sign = rest.substr(0, rest.find_first_of("0123456789."));
   if (!sign.empty() && sign != "+" && sign != "-") return 0;
   double number = 0;

@@ -1,7 +1,7 @@
 // String: an immutable sequence of UTF-8 bytes, and the string operations of the framework.
 //
-// Strings share their bytes. Copying, trimming and splitting make no copy of them: a String is a window
-// (pointer and length) onto a counted block, or onto a literal, which needs no count.
+// Strings share their bytes. Copying, trimming and splitting make no copy of them: a String is a pointer and a length
+// within a block with a reference count, or within a literal, which needs none.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +24,7 @@ class String {
 
   /// Copies the bytes. Raises RuntimeException beyond kMaxSize.
   ///
-  /// Short strings are laid one behind the other into one block, which all of them keep alive: one allocation
+  /// Short strings are stored one after the other in a block, which each of them keeps alive: one allocation
   /// serves hundreds of lines. With a block for each line, a whole conversion takes 1.5 times as long.
   explicit String(std::string_view bytes);
 
@@ -32,12 +32,12 @@ class String {
   /// many it has written. Raises RuntimeException beyond kMaxSize.
   static String Build(std::size_t capacity, const std::function<std::size_t(char*)>& fill);
 
-  /// A string on bytes that live as long as the program, such as a literal's.
+  /// A string of bytes that live as long as the program, such as a literal's.
   static String OfStaticBytes(const char* data, std::size_t size) { return {{Block(), data}, size}; }
 
   std::string_view Bytes() const { return {data_.get(), static_cast<std::size_t>(size_)}; }
 
-  /// The bytes from `begin` on, `size` of them at the most, shared with this string.
+  /// The bytes from `begin` on, at most `size` of them, shared with this string.
   String Slice(std::size_t begin, std::size_t size = kMaxSize) const;
 
   friend std::int32_t LenB(const String& text) { return text.size_; }
@@ -51,7 +51,7 @@ class String {
   static Block Allocate(std::size_t capacity);
   static String InSharedBlock(std::string_view bytes);
 
-  std::shared_ptr<const char> data_;  // where the window begins; holds the block that it looks onto
+  std::shared_ptr<const char> data_;  // the first byte; keeps its block alive
   std::int32_t size_ = 0;
 };
 
@@ -61,20 +61,20 @@ inline String operator""_s(const char* data, std::size_t size) { return String::
 /// The number of bytes of the string.
 std::int32_t LenB(const String& text);
 
-/// The bytes of the first followed by the bytes of the second. Raises RuntimeException where the result
-/// would pass String::kMaxSize.
+/// The bytes of the first followed by the bytes of the second. Raises RuntimeException if the result
+/// would exceed String::kMaxSize.
 String RuntimeAddString(const String& first, const String& second);
 
 /// 0 when the strings are equal, byte for byte; otherwise the sign of their order by bytes.
 std::int32_t RuntimeStringCompare(const String& a, const String& b);
 
 /// The pieces of the text between occurrences of the delimiter, in order, empty ones included. A text
-/// without the delimiter is one piece, also the empty text. The delimiter must not be empty.
+/// without the delimiter, even an empty one, is one piece. The delimiter must not be empty.
 Ref<StringArray> Split(const String& text, const String& delimiter);
 
 /// The string without white space at either end. White space is the six ASCII characters (space, tab,
-/// line feed, vertical tab, form feed, carriage return) and the blanks that come along with text
-/// copied from web pages: no-break space, the U+2000 block's spaces, the ideographic space and their kin.
+/// line feed, vertical tab, form feed, carriage return) and the spaces found in text copied from web pages: the
+/// no-break space, those from U+2000 on, the ideographic space and similar ones.
 String Trim(const String& text);
 
 /// The code of the first character of an ASCII string; 0 for the empty one.
@@ -84,11 +84,11 @@ std::int32_t Asc(const String& text);
 String Chr(std::int32_t code);
 
 /// The decimal number at the start of the text, after white space, read with a decimal point whatever
-/// the user's locale; 0 when there is none, or none that a double can hold. An exponent without its number counts
-/// for nothing: "1e" is 1. Words such as "nan" and "inf" are no numbers, and of "0x1" only the 0 is one.
+/// the user's locale; 0 when there is none, or none that a double can hold. An incomplete exponent is ignored:
+/// "1e" is 1. Words such as "nan" and "inf" are not numbers, and "0x1" is 0.
 double Val(const String& text);
 
-/// The number as an Int32, its fraction cut off; INT32_MIN for one that no Int32 holds.
+/// The number as an Int32, its fraction cut off; INT32_MIN if it does not fit.
 std::int32_t RuntimeCvtReal64ToSInt32(double number);
 
 /// The text with every occurrence of one string replaced by another. A text without any is returned as it is, sharing
@@ -96,11 +96,11 @@ std::int32_t RuntimeCvtReal64ToSInt32(double number);
 String ReplaceAll(const String& text, const String& from, const String& to);
 
 /// The text with every line ending (CR LF, CR alone, LF alone) replaced by the given one. A text that
-/// has no other is returned as it is, sharing its bytes.
+/// has no other line endings is returned as it is, sharing its bytes.
 String ReplaceLineEndings(const String& text, const String& lineEnding);
 
-/// The line ending of the program on every platform: one line feed. It is what the field puts between
-/// its lines, and so what the text is split on when it is saved.
+/// The line ending of the program on every platform: one line feed. The field puts it between its lines, so
+/// the text is split at it when it is saved.
 class EndOfLine {
  public:
   operator String() const { return "\n"_s; }

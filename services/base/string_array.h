@@ -1,13 +1,13 @@
 // StringArray: the one-dimensional array of strings, indexed from 0 to its upper bound.
 //
-// Removing an element does not move all the elements behind it. The array keeps one gap where elements
+// Removing an element does not move all elements after it. The array keeps one gap where elements
 // were removed last:
 //
-//   slots:  | before the gap | gap | behind the gap |
+//   slots:  | before the gap | gap | after the gap |
 //
 // A removal next to the gap widens it; one further away first moves the elements between it and the
 // gap. Walking from the upper bound down to 0 and removing on the way therefore moves every element
-// once at the most, however many are removed.
+// at most once, however many are removed.
 #pragma once
 
 #include <vector>
@@ -22,16 +22,16 @@ class StringArray {
   /// The index of the last element; -1 for an empty array.
   std::int32_t UpperBound() const { return static_cast<std::int32_t>(slots_.size() - gapSize_) - 1; }
 
-  /// The element at the index. This and the next two raise OutOfBoundsException where there is none.
+  /// The element at the index. This and the next two raise OutOfBoundsException if there is none.
   const String& Get(std::int32_t index) const { return slots_[Slot(index)]; }
   /// Replaces the element at the index.
   void Set(std::int32_t index, String value) { slots_[Slot(index)] = std::move(value); }
-  /// Deletes the element; those behind it move down by one.
+  /// Deletes the element; those after it move down by one.
   void Remove(std::int32_t index);
 
-  /// Makes room for so many elements at once.
+  /// Makes room for that many elements.
   void Reserve(std::size_t elements) { slots_.reserve(elements); }
-  /// Adds an element behind the last one.
+  /// Adds an element after the last one.
   void Append(String value) { slots_.push_back(std::move(value)); }
 
  private:

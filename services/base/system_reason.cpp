@@ -1,5 +1,5 @@
-// The C library has the words for the errors of every system: Windows' numbers are translated into its own. On Windows
-// it speaks English only; elsewhere it has to be asked for it.
+// The C library has a text for each error; Windows' error numbers are translated into its own first. On Windows its
+// texts are always in English; elsewhere English has to be asked for.
 #include "services/base/system_reason.h"
 
 #include <cstring>

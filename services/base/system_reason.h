@@ -5,8 +5,8 @@
 
 namespace celestrix {
 
-/// Why the system refused: its own words for the error, in English whatever the user's language, as all of the
-/// program's texts are ("No such file or directory").
+/// The system's text for the error ("No such file or directory"), in English whatever the user's language, like all
+/// texts of the program.
 std::string SystemReason(const std::error_code& error);
 
 }  // namespace celestrix

@@ -18,9 +18,9 @@ constexpr std::array<char32_t, 32> kWindows1252From80 = {
 
 unsigned char At(std::string_view bytes, std::size_t index) { return static_cast<unsigned char>(bytes[index]); }
 
-/// The first byte at or behind `begin` that is not ASCII.
+/// The index of the first byte from `begin` on that is not ASCII.
 std::size_t FindNonAscii(std::string_view text, std::size_t begin) {
-  constexpr std::size_t kStep = 64;  // a loop without a way out in the middle, which the compiler makes wide
+  constexpr std::size_t kStep = 64;  // without an exit in its middle, the inner loop can be vectorised
   for (; begin + kStep <= text.size(); begin += kStep) {
     unsigned char seen = 0;
     for (std::size_t i = 0; i < kStep; ++i) seen |= At(text, begin + i);
@@ -30,14 +30,14 @@ std::size_t FindNonAscii(std::string_view text, std::size_t begin) {
   return begin;
 }
 
-/// The size of a character of UTF-8 that begins with this byte, which is not ASCII; 0 where none does.
+/// The size of a UTF-8 character that begins with this byte, which is not ASCII; 0 if none does.
 std::size_t SizeByLead(unsigned char lead) {
   if (lead < 0xC2 || lead >= 0xF5) return 0;
   if (lead < 0xE0) return 2;
   return lead < 0xF0 ? 3 : 4;
 }
 
-/// The size of the character that the text begins with, which is not ASCII; 0 where it is not valid UTF-8.
+/// The size of the character at the start of the text, which is not ASCII; 0 if it is not valid UTF-8.
 std::size_t SizeOfFirstCharacter(std::string_view text) {
   const unsigned char lead = At(text, 0);
   const std::size_t size = SizeByLead(lead);

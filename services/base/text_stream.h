@@ -17,7 +17,7 @@ class TextInputStream {
   String ReadLine();
   /// The rest of the text, line endings untouched.
   String ReadAll() { return std::exchange(rest_, String()); }
-  /// Lets go of the text.
+  /// Releases the text.
   void Close() { rest_ = String(); }
 
  private:
