@@ -12,42 +12,11 @@
 
 using namespace celestrix;
 
-const QString kTitle = "Celestrix Satellite Encoder";
+/// Lines of element sets, with a mark in front of each, as when files were joined together.
+const QString kLongText =
+    (QStringLiteral("\uFEFFSAT \U0001F6F0 é\n") + QString(71, '1') + "\n").repeated(12000) + "end";
 
-/// What the members of something shown are called, and what they say.
-using Members = QList<std::pair<const char*, QString>>;
-
-struct Alert {
-  QString text, title = kTitle, owner = kTitle, format = "PlainText";
-
-  Members All() const { return {{"text", text}, {"title", title}, {"owner", owner}, {"format", format}}; }
-};
-
-/// A dialog that asks for a file.
-struct Dialog {
-  QString mode = "AcceptOpen";  // or "AcceptSave"
-  QString files = "AnyFile";    // or "ExistingFile"
-  QString title = "", filters = "", proposedName = "", folder = "", owner = kTitle;
-  bool asksToReplace = false;
-
-  Members All() const {
-    return {{"mode", mode},     {"files", files},
-            {"title", title},   {"filters", filters},
-            {"folder", folder}, {"proposed name", proposedName},
-            {"owner", owner},   {"asks to replace", asksToReplace ? "yes" : "no"}};
-  }
-};
-
-/// Names the members that are not as expected; "" where all are.
-template <class Shown>
-QString Differences(const Shown& actual, const Shown& expected) {
-  const Members are = actual.All(), shallBe = expected.All();
-  QString differences;
-  for (qsizetype i = 0; i < are.size(); ++i)
-    if (are[i] != shallBe[i])
-      differences += QString("%1 is '%2', not '%3'. ").arg(are[i].first, are[i].second, shallBe[i].second);
-  return differences;
-}
+inline void CopyElsewhere(const QString& text) { QGuiApplication::clipboard()->setText(text); }
 
 /// The window, whose user answers whatever is shown, so that nothing waits for it for ever: a dialog gets the next
 /// file, a question "Yes", and alerts are read and closed.
@@ -60,21 +29,26 @@ class TestedWindow final : public QObject {
   QPushButton* save = frame->findChild<QPushButton*>("SaveBtn");
   QRadioButton* palm = frame->findChildren<QRadioButton*>("FileFormat").value(0);
   QRadioButton* pocket = frame->findChildren<QRadioButton*>("FileFormat").value(1);
-  std::function<void()> inDialog;  // done once, before the next file is chosen
+  std::function<void(const QFileDialog&)> inDialog;  // done once, before the next file is chosen
 
   TestedWindow() {
     Look();
-    const auto isActive = [this] {  // after an alert, on this platform, no window is until one asks for it
-      frame->activateWindow();
-      return frame->isActiveWindow();
-    };
-    if (!QTest::qWaitFor(isActive)) qFatal("the window does not become the active one");
+    Activate();
   }
   ~TestedWindow() override {
     window = nullptr;
     ReleaseImplicitWindows();
-    QCOMPARE(files_, QStringList());  // no dialog asked for these
-    for (const Alert& unexpected : alerts_) QCOMPARE(unexpected.text, QString());
+    QCOMPARE(files_.join('\n'), "");   // no dialog asked for these
+    QCOMPARE(alerts_.join('\n'), "");  // nobody expected these
+  }
+
+  /// After a dialog no window is active on this platform, until one asks for it.
+  void Activate() {
+    const auto isActive = [this] {
+      frame->activateWindow();
+      return frame->isActiveWindow();
+    };
+    QVERIFY(QTest::qWaitFor(isActive));
   }
 
   QString Text() {
@@ -103,19 +77,17 @@ class TestedWindow final : public QObject {
     return "copied";
   }
 
-  /// Clicks a button whose handler asks for a file, and gives that one; an empty one cancels. Returns what the dialog
-  /// was.
-  Dialog Click(QPushButton* button, const QString& path) {
+  /// Clicks a button whose handler asks for a file, and gives that one; an empty one cancels.
+  void Click(QPushButton* button, const QString& path) {
     files_ = QStringList(path);
     QTest::mouseClick(button, Qt::LeftButton);
-    return dialog_;
   }
   static void Choose(QRadioButton* button) { QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, 10)); }
 
-  /// What the next alert was; one without a text where none comes.
-  Alert NextAlert() {
+  /// What the next alert says; nothing where none comes.
+  QString NextAlert() {
     const bool came = QTest::qWaitFor([&] { return !alerts_.isEmpty(); }, 20000);
-    return came ? alerts_.takeFirst() : Alert();
+    return came ? alerts_.takeFirst() : "";
   }
 
  private:
@@ -129,50 +101,26 @@ class TestedWindow final : public QObject {
     Answer(*chooser);
   }
 
-  static QString Owner(const QWidget& shown) {
-    return shown.parentWidget() != nullptr ? shown.parentWidget()->windowTitle() : "no window";
-  }
-
   void Read(QMessageBox& alert) {
-    if (QAbstractButton* yes = alert.button(QMessageBox::Yes)) {
-      dialog_.asksToReplace = true;
-      return yes->click();
-    }
-    alerts_.append({.text = alert.text(),
-                    .title = alert.windowTitle(),
-                    .owner = Owner(alert),
-                    .format = alert.property("textFormat").toString()});
+    if (QAbstractButton* yes = alert.button(QMessageBox::Yes)) return yes->click();
+    alerts_ += alert.text();
     alert.accept();
+    QCOMPARE(alert.windowTitle(), "Celestrix Satellite Encoder");
+    QCOMPARE(alert.textFormat(), Qt::PlainText);
+    QVERIFY2(alert.parentWidget() == frame, "the alert does not belong to the window");
   }
 
-  void Answer(QFileDialog& chooser) {
-    if (inDialog) std::exchange(inDialog, nullptr)();
-    auto* name = chooser.findChild<QLineEdit*>("fileNameEdit");
-    dialog_ = {.mode = chooser.property("acceptMode").toString(),
-               .files = chooser.property("fileMode").toString(),
-               .title = chooser.windowTitle(),
-               .filters = chooser.nameFilters().join(';'),
-               .proposedName = name->text(),
-               .folder = chooser.directory().path(),
-               .owner = Owner(chooser)};
-    name->setText(files_.takeFirst());
-    if (name->text().isEmpty()) {
-      chooser.close();
-    } else {
-      QMetaObject::invokeMethod(&chooser, "accept");
-    }
+  void Answer(QFileDialog& dialog) {
+    if (inDialog) std::exchange(inDialog, nullptr)(dialog);
+    const QString file = files_.takeFirst();
+    dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file);
+    if (file.isEmpty()) return dialog.reject();
+    QMetaObject::invokeMethod(&dialog, "accept");
   }
 
-  QStringList files_;  // to choose
-  Dialog dialog_;      // the last one
-  QList<Alert> alerts_;
+  QStringList files_;   // to choose
+  QStringList alerts_;  // what they said
 };
-
-/// What Qt makes of the system's wish that the program ends. Nothing happens in it afterwards.
-inline void EndSession() {
-  QEvent quit(QEvent::Quit);
-  QCoreApplication::sendEvent(qApp, &quit);
-}
 
 inline QString PreferencesPath() { return qEnvironmentVariable("XDG_CONFIG_HOME") + "/CelestrixSatellite.prefs"; }
 

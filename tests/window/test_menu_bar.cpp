@@ -16,34 +16,18 @@ class TestMenuBar : public QObject {
   Q_OBJECT
 
  private slots:
-  void menusHaveTheirItems_data() {
-    QTest::addColumn<int>("menu");
-    QTest::addColumn<QStringList>("items");
-    QTest::newRow("&File") << 0 << QStringList{"&Quit Ctrl+Q"};
-    QTest::newRow("&Edit") << 1 << QStringList{"&Undo Ctrl+Z",  "separator", "Cu&t Ctrl+X", "&Copy Ctrl+C",
-                                               "&Paste Ctrl+V", "&Delete ",  "separator",   "Select &All Ctrl+A"};
-  }
   void menusHaveTheirItems() {
-    QFETCH(int, menu);
-    QFETCH(QStringList, items);
     TestedWindow w;
-    QCOMPARE(w.frame->menuBar()->actions().size(), 2);
-    const QAction* title = w.frame->menuBar()->actions().at(menu);
-    QCOMPARE(title->text(), QTest::currentDataTag());
     QStringList shown;
-    for (const QAction* item : title->menu()->actions())
-      shown += item->isSeparator() ? "separator" : item->text() + ' ' + item->shortcut().toString();
-    QCOMPARE(shown, items);
-  }
-
-  void theWindowFindsItsItemsByTheirNames() {
-    TestedWindow w;
-    Window1& bar = *w.window;
-    const std::pair<Ref<MenuItem>, QByteArray> items[] = {
-        {bar.FileMenu(), "FileMenu"},   {bar.FileQuit(), "FileQuit"},   {bar.EditMenu(), "EditMenu"},
-        {bar.EditUndo(), "EditUndo"},   {bar.EditCut(), "EditCut"},     {bar.EditCopy(), "EditCopy"},
-        {bar.EditPaste(), "EditPaste"}, {bar.EditClear(), "EditClear"}, {bar.EditSelectAll(), "EditSelectAll"}};
-    for (const auto& [item, name] : items) QCOMPARE(Bytes(item->Name), name);
+    for (const QAction* menu : w.frame->menuBar()->actions()) {
+      shown += menu->text();
+      for (const QAction* item : menu->menu()->actions())
+        shown += item->isSeparator() ? "separator" : item->text() + ' ' + item->shortcut().toString();
+    }
+    const QStringList expected = {
+        "&File",        "&Quit Ctrl+Q",  "&Edit",    "&Undo Ctrl+Z", "separator",         "Cu&t Ctrl+X",
+        "&Copy Ctrl+C", "&Paste Ctrl+V", "&Delete ", "separator",    "Select &All Ctrl+A"};
+    QCOMPARE(shown, expected);
   }
 
   void anotherProgramsTextIsFetchedOnlyToPasteIt() {
@@ -57,41 +41,21 @@ class TestMenuBar : public QObject {
     QCOMPARE(w.Text(), "1");
   }
 
-  void whatIsNoTextIsNotPasted_data() {
-    QTest::addColumn<QMimeData*>("content");
+  void aFileIsNotPasted() {
     auto* file = new QMimeData;
     file->setUrls({QUrl("file:///a.txt")});
-    QTest::newRow("a file") << file;
-    QTest::newRow("nothing") << new QMimeData;
-    QTest::newRow("of a program that has ended") << static_cast<QMimeData*>(nullptr);
-  }
-  void whatIsNoTextIsNotPasted() {
-    QFETCH(QMimeData*, content);
     TestedWindow w;
-    w.Drop("before");
     w.txt->setFocus();
-    QGuiApplication::clipboard()->setMimeData(content);
+    QGuiApplication::clipboard()->setMimeData(file);
     QVERIFY(!w.Command("EditPaste")->isEnabled());
     QTest::keyClick(w.txt, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(w.Text(), "before");
-  }
-
-  void deletingLeavesTheClipboardAlone() {
-    TestedWindow w;
-    w.Drop("before");
-    w.txt->selectAll();
-    w.txt->setFocus();
-    QGuiApplication::clipboard()->setText("copied");
-    w.Command("EditClear")->trigger();
     QCOMPARE(w.Text(), "");
-    QCOMPARE(QGuiApplication::clipboard()->text(), "copied");
   }
 
   void commandsAreForTheFieldThatHasTheFocus() {
     TestedWindow w;
     w.Drop("text");
     w.txt->setFocus();
-    QVERIFY(w.Command("EditSelectAll")->isEnabled());
     w.frame->menuBar()->setFocus();  // opening a menu does not take it away
     QVERIFY(w.Command("EditSelectAll")->isEnabled());
     w.browse->setFocus();

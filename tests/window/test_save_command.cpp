@@ -1,14 +1,6 @@
 // What happens in the middle of a save.
 #include "tests/window/fixture.h"
 
-namespace {
-
-/// Lines of element sets, with a mark in front of each, as when files were joined together.
-const QString kLongText =
-    (QStringLiteral("\uFEFFSAT \U0001F6F0 é\n") + QString(71, '1') + "\n").repeated(12000) + "end";
-
-}  // namespace
-
 class TestSaveCommand : public QObject {
   Q_OBJECT
 
@@ -26,14 +18,15 @@ class TestSaveCommand : public QObject {
       TestedWindow::Choose(w.pocket);
       QTest::keyClick(w.txt, Qt::Key_X);
       QCOMPARE(w.Drop({}, {"file://" + dropped}), "copied");
-      EndSession();
+      QEvent quit(QEvent::Quit);  // what Qt makes of the end of the session
+      QCoreApplication::sendEvent(qApp, &quit);
       w.Drop("too late");
       QVERIFY2(w.palm->isChecked(), "the choice changes during the save");
       QVERIFY2(w.frame->isVisible(), "the window closes during the save");
       isSaving = ReadFile(path).size() < 78 + 221 * 8000;
     };
-    w.inDialog = [&] {  // with the first yield of the save
-      connect(QApplication::activeModalWidget(), &QObject::destroyed, qApp, inTheMiddle, Qt::QueuedConnection);
+    w.inDialog = [&](const QFileDialog& dialog) {  // with the first yield of the save
+      connect(&dialog, &QObject::destroyed, qApp, inTheMiddle, Qt::QueuedConnection);
     };
     w.Click(w.save, path);
     QVERIFY2(isSaving, "the save ends before anything can happen");
