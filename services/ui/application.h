@@ -13,7 +13,7 @@ class Window;
 /// The framework's runtime. Exactly one exists, from the first statement of main to its last.
 class Runtime {
  public:
-  /// Reads the toolkit's own command-line options. `argc` and `argv` must stay as they are. `id` is the name
+  /// Reads the toolkit's own command-line options. `argc` and `argv` must stay valid and unchanged. `id` is the name
   /// under which the desktop knows the program: that of its launcher and its icon.
   Runtime(int& argc, char** argv, const String& id);
 
@@ -34,28 +34,28 @@ class Application {
   Ref<celestrix::MenuBar> menuBar_;
 };
 
-/// Makes this the application object, and holds it until the next one; null releases it.
+/// Makes this the application object, and keeps it until another is registered; null releases it.
 void RegisterApplication(Ref<Application> application);
 
-/// The implicit windows: each the one of its class, kept open until the program ends.
+/// The implicit windows: one for each class, kept until the program ends.
 Ref<Window> ImplicitWindow(const String& className);
 void AddImplicitWindow(const String& className, const Ref<Window>& window);
 void ReleaseImplicitWindows();
 
-/// Ends the application with that exit code. No handler runs any more.
+/// Ends the application with that exit code. No other handler runs.
 void Quit(std::int32_t exitCode);
 
-/// Asks the application to quit, as the user or the platform does: dialogs are cancelled, and the windows
-/// closed. Their close handlers end the program.
+/// Asks the application to quit, for the user or the platform: cancels dialogs and closes the windows, whose close
+/// handlers end the program.
 void RequestQuit();
-/// The same where the system ends the program and nobody may be there to answer: from now on dialogs are cancelled
-/// at once, and no alert is shown.
+/// The same for the system, when nobody may be there to answer: from now on dialogs are cancelled at once, and no
+/// alert is shown.
 void RequestQuitBySystem();
 bool IsEndedBySystem();
 
-/// The end of an error that no handler caught: one alert says what could not be done and why, and the
-/// program goes on. An error at start-up is shown when the window is there. Errors that arise in the toolkit's own
-/// events, outside the handlers, end here too; their alert takes its turn among the handlers.
+/// Reports an error that no handler caught: one alert says what could not be done and why, and the program goes on.
+/// An error at start-up is shown when the window is there. Errors in the toolkit's own events, outside the handlers,
+/// are reported here too; their alert is queued with the handlers.
 void RuntimeUnhandledException(const std::exception& error);
 
 }  // namespace celestrix

@@ -17,37 +17,36 @@ struct ToolkitWidget;  // what the toolkit shows for a control
 
 enum Edge : unsigned { kLeft = 1, kTop = 2, kRight = 4, kBottom = 8 };
 
-/// The Index of a control that is no member of a control set.
+/// The Index of a control that is not a member of a control set.
 inline constexpr std::int32_t kNoIndex = INT32_MIN;
 
-/// The properties that a layout gives to a control. Lengths are pixels at scale 1, positions count from the
-/// window's content. What is not named here is the framework's way: the font is the desktop's, plain; fields
-/// hold plain text of any length in several lines, with a vertical scroll bar, and Tab leaves them; buttons
-/// react to neither Return nor Escape.
+/// The properties that a layout gives to a control. Lengths are pixels at scale 1, positions are relative to the
+/// window's content. What is not listed here is fixed: the font is the desktop's, plain; fields hold plain text in
+/// several lines, with a vertical scroll bar, and Tab leaves them; buttons react to neither Return nor Escape.
 struct ControlProperties {
   const char* Name = "";
   std::int32_t Left = 0, Top = 0, Width = 0, Height = 0;
-  /// The window edges to which the control keeps its distance: kLeft and so on, added with |. Locked to both of a
-  /// pair, it stretches. (A control in a group box has none: it moves with the box.)
+  /// The window edges to which the control keeps its distance: kLeft and so on, combined with |. A control that is
+  /// locked to opposite edges stretches. (A control in a group box has none: it moves with the box.)
   unsigned Locks = 0;
-  /// The group box that the control is in; it moves with it. Empty for the window.
+  /// The name of the group box that contains the control; empty if it is directly in the window.
   const char* InitialParent = "";
-  /// The name of the control after it that a static text is the label of, for those who hear the window.
+  /// The name of the control, later in the layout, that a static text labels; screen readers use it.
   const char* LabelOf = "";
-  /// What a static text, button or group box says.
+  /// The text of a static text, button or group box.
   const char* Caption = "";
   bool Enabled = true;
-  /// The height of the font. Where a caption would not fit its box, a smaller one is taken.
+  /// The height of the font. It becomes smaller if the caption would not fit.
   std::int32_t TextSize = 11;
   /// Colours are 0xRRGGBB.
   std::uint32_t TextColor = 0x000000;  // static texts and fields
   std::uint32_t BackColor = 0xFFFFFF;  // fields
 };
 
-/// What an event tells its handler. Only "DropObject" has something to tell.
+/// The arguments of an event. Only "DropObject" has any.
 struct Event {
   Ref<DragItem> item;
-  std::int32_t action = 0;  // the drop action, which is always to copy: 1
+  std::int32_t action = 0;  // the drop action: always 1, to copy
 };
 
 /// `self` is the window of the control that raised the event.
@@ -63,7 +62,7 @@ class Control : public std::enable_shared_from_this<Control> {
   void Index(std::int32_t index) { index_ = index; }
 
  protected:
-  /// Runs the handler of that event, if there is one, when its turn has come (event_queue.h).
+  /// Queues the handler of that event, if there is one (event_queue.h).
   void Raise(const char* event, const Event& arguments = {});
 
  private:
@@ -106,8 +105,8 @@ class PushButton : public RectControl {
   void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
-/// One choice of several: choosing it clears the others of the same parent. A click of the user takes its turn
-/// among the handlers, so that no handler sees the choice change while it runs.
+/// One choice of several: choosing it clears the others of the same parent. A user's click is queued with the
+/// handlers, so that no handler sees the choice change while it runs.
 class RadioButton : public RectControl {
  public:
   bool Value() const;
@@ -120,41 +119,39 @@ class RadioButton : public RectControl {
 /// The text field. Raises
 ///   "Open"        once, when its window opens;
 ///   "TextChange"  whenever its text changes, also when the program sets it;
-///   "DropObject"  when something that it accepts is dropped on it from outside. (Moving a selection within the
-///                 field is its own editing.) What is dropped is copied; a source that does not let itself be
-///                 copied is refused.
+///   "DropObject"  when something that it accepts is dropped on it from outside. (Dragging a selection within the
+///                 field is an edit.) A drop always copies; a source that does not allow that is refused.
 class EditField : public RectControl {
  public:
-  /// The whole text. Between its lines stands EndOfLine and nothing else, however the text came in; all other
-  /// characters are as they were set, typed or pasted. Edits that wait (see below) are done first, while the event
-  /// loop goes on.
+  /// The whole text. Only EndOfLine separates its lines, however the text came in; all other characters are as they
+  /// were set, typed or pasted. Edits that wait (see below) are done first, while the event loop goes on.
   String Text();
-  /// Replaces all of the text, at once. What is on the screen follows in slices, between events, so that the window
-  /// never stands still; so does what is pasted. In the meantime keys and menu commands wait until the field shows all
-  /// of its text, and clicks are ignored. Raises an error, and changes nothing, where the memory does not suffice, or
-  /// for a text that could not be shown in any bearable time: of more than 4 million lines, or with a line of more than
-  /// a million characters, of which one beyond U+02FF counts as a hundred.
+  /// Replaces all of the text, at once. The screen follows in slices, between events, so that the window stays
+  /// responsive; the same holds for a paste. Until the field shows all of its text, keys and menu commands wait, and
+  /// clicks are ignored. Raises an error, and changes nothing, if there is not enough memory, or if it would take
+  /// unbearably long to show the text: if it has more than 4 million lines, or a line of more than a million
+  /// characters, where a character beyond U+02FF counts as a hundred.
   void Text(const String& text);
   /// Whether there is no text. Unlike a look at Text, this costs the same for every length.
   bool IsEmpty() const;
 
   /// Lets the field accept files of the registered type of that name. A file of another type is refused.
   void AcceptFileDrop(const String& fileType);
-  /// Lets it accept text. What comes as the address of a file elsewhere is text.
+  /// Lets it accept text. The address of a file on another computer is text.
   void AcceptTextDrop();
 
  private:
   void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
-/// Applies a layout's properties to a control that has been added to its window. To be called before the window is
-/// shown, which puts the control in its place. Raises RuntimeException where InitialParent names no control before it.
+/// Applies a layout's properties to a control that has been added to its window. Must be called before the window is
+/// shown, because that positions the controls. Raises NilObjectException if InitialParent names no earlier control.
 void _SetProperties(const Ref<RectControl>& control, const ControlProperties& properties);
 
-/// Connects an event of the control to a handler, in place of an earlier one.
+/// Connects an event of the control to a handler, which replaces an earlier one.
 void _InstallInstanceEventHandler(const Ref<Control>& control, const char* event, EventHandler handler);
 
-/// The window of the control that raised an event, which is the own object of the event's handler.
+/// The window of the control that raised an event: the `self` of the event's handler.
 Ref<Window> RuntimeSwapSelfAndMe(const Ref<Control>& me);
 
 }  // namespace celestrix

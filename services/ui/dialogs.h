@@ -6,11 +6,11 @@
 
 namespace celestrix {
 
-/// Offers the files of the registered type of that name. The chosen one, or null when the user cancels.
+/// Offers the files of the registered type of that name. Returns the chosen file, or null when the user cancels.
 Ref<FolderItem> GetOpenFolderItem(const String& fileType);
 
-/// Asks for a place to save a file of that type, the default name filled in. The place as the user chose it,
-/// without an extension added, or null when the user cancels.
+/// Asks where to save a file of that type, with the default name filled in. Returns the place as the dialog gives it,
+/// without adding an extension, or null when the user cancels.
 Ref<FolderItem> GetSaveFolderItem(const String& fileType, const String& defaultName);
 
 }  // namespace celestrix

@@ -4,7 +4,7 @@
 
 namespace celestrix {
 
-/// What a drop brought: the first item of it, a file or a text, as it came. It is a copy, so it outlives the drop.
+/// What was dropped: the first item, a file or a text, unchanged. It is a copy, so it outlives the drop.
 class DragItem {
  public:
   explicit DragItem(Ref<celestrix::FolderItem> file) : file_(std::move(file)) {}

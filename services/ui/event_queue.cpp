@@ -12,8 +12,8 @@ std::deque<std::function<void()>> waiting;
 bool isRunning = false;
 bool isOpen = true;
 
-/// Says that a handler runs, for as long as it lives: the running ends also where the alert itself fails, as it may
-/// when there is no memory.
+/// Marks, while it exists, that a handler runs. The mark goes even if the alert itself fails, as it may when there is
+/// no memory.
 struct Running {
   Running() { isRunning = true; }
   ~Running() { isRunning = false; }

@@ -23,7 +23,7 @@ class MenuItem {
   String Name;
   String Text;              // "&" stands before the access letter
   String KeyboardShortcut;  // "Cmd+" and a letter, "Cmd" being the platform's key for commands; or empty
-  /// The framework enables the item exactly while what it does applies. Without it the item stays disabled.
+  /// The framework enables the item exactly while its command applies. If false, the item stays disabled.
   bool AutoEnable = false;
 
   void Append(const Ref<MenuItem>& item) { items_.push_back(item); }

@@ -6,7 +6,7 @@
 
 namespace celestrix {
 
-/// Sizes are pixels at scale 1, of the window's content: the menu bar stands above it.
+/// Sizes are those of the window's content, without the menu bar, in pixels at scale 1.
 struct WindowProperties {
   const char* Title = "";
   std::int32_t Width = 0, Height = 0;
@@ -14,7 +14,7 @@ struct WindowProperties {
   std::int32_t MaxWidth = 0, MaxHeight = 0;
 };
 
-/// A class derived from it says what is in the window and what happens when it opens and closes.
+/// A derived class says what is in the window and what happens when it opens and closes.
 class Window : public std::enable_shared_from_this<Window> {
  public:
   Window();
@@ -27,18 +27,18 @@ class Window : public std::enable_shared_from_this<Window> {
   void MenuBar(const Ref<celestrix::MenuBar>& bar);
   const Ref<celestrix::MenuBar>& MenuBar() const { return menuBar_; }
 
-  /// Adds a control under a name; a member of a control set has its Index already. The window then holds it.
+  /// Adds a control under a name, and keeps it. A member of a control set must have its Index already.
   void AddControl(const String& name, const Ref<RectControl>& control);
 
  protected:
   virtual void Layout() = 0;
   virtual void CreateControls() = 0;
-  /// The place for handlers of the menu items of the window given, which is this one.
+  /// Adds the handlers of the menu items of the given window, which is this one.
   virtual void AddMenuHandlers(const Ref<Window>& window) = 0;
-  /// The controls exist, and the user has not seen them yet.
+  /// Called when the controls exist, before the user sees them.
   virtual void Event_Open() = 0;
-  /// The user or the platform closes the window. However the handler ends, the window closes, and with the
-  /// last one the program ends.
+  /// Called when the user or the platform closes the window. However the handler ends, the window closes and the
+  /// program ends.
   virtual void Event_Close() = 0;
 
  private:
@@ -52,8 +52,8 @@ class Window : public std::enable_shared_from_this<Window> {
 
   Ref<celestrix::MenuBar> menuBar_;
   std::vector<Ref<RectControl>> controls_;  // in the order in which they were added
-  // The toolkit's window, which owns the widgets of all controls. The last member, and so the first to be destroyed:
-  // while it is, its widgets may still call their controls.
+  // The toolkit's window, which owns the widgets of all controls. It is the last member, and so is destroyed first:
+  // meanwhile its widgets may still call their controls.
   std::unique_ptr<Frame> frame_;
 };
 

@@ -28,13 +28,13 @@ void SetColor(QWidget& widget, QPalette::ColorRole role, QRgb color) {
 }
 
 void SetTextSize(QWidget& widget, int pixels) {
-  QFont font;  // and not the widget's: all else stays the desktop's, also when that changes
+  QFont font;  // not the widget's: all but the size stays the desktop's, even when the desktop's changes
   font.setPixelSize(pixels);
   widget.setFont(font);
 }
 
-/// Guards a control against the desktop's theme. Its text is in the largest font up to that size with which it fits,
-/// whatever the theme's font and style, and again when these change. And neither Return nor Escape presses it.
+/// Guards a control against the desktop's theme. Its text gets the largest font, up to the given size, with which it
+/// fits, and again whenever the theme's font or style changes. Neither Return nor Escape presses it.
 class ThemeGuard final : public QObject {
  public:
   ThemeGuard(QWidget* widget, int pixels, std::function<bool()> fits)
@@ -52,7 +52,7 @@ class ThemeGuard final : public QObject {
 
  private:
   void FitText() {
-    widget_.removeEventFilter(this);  // the fonts that are tried are no reason to fit again
+    widget_.removeEventFilter(this);  // trying a font must not start another fit
     int pixels = pixels_;
     SetTextSize(widget_, pixels);
     while (pixels > kSmallestTextSize && !fits_()) SetTextSize(widget_, --pixels);
@@ -64,7 +64,7 @@ class ThemeGuard final : public QObject {
   const std::function<bool()> fits_;
 };
 
-/// For a button, whose caption has to fit what the style leaves for it.
+/// For a button: its caption has to fit into the room that the style leaves for it.
 void GuardButton(QAbstractButton* button, const ControlProperties& properties, QStyle::SubElement contents) {
   button->resize(properties.Width, properties.Height);
   new ThemeGuard(button, properties.TextSize, [button, contents] {

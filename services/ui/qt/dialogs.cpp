@@ -16,13 +16,13 @@ namespace {
 #ifndef Q_OS_WIN
 const QString kOpen = QStringLiteral("Open"), kSaveAs = QStringLiteral("Save As");
 #else
-const QString kOpen, kSaveAs;  // Windows has titles of its own, in the user's language
+const QString kOpen, kSaveAs;  // Windows has its own titles, in the user's language
 #endif
 
 QString lastFolder;  // empty until the user has chosen a file
 
-/// "PDB (*.pdb *.[pP][dD][bB])": the type's files, whichever case each letter of their extension is in. Windows does
-/// not know the second pattern; the dialogs of some desktops take the first one by the letter.
+/// "PDB (*.pdb *.[pP][dD][bB])": the type's files, whatever the case of each letter in their extension. Windows does
+/// not understand the second pattern; in the dialogs of some desktops the first one matches lower case only.
 QString NameFilter(const String& fileType) {
   const FileType& type = RegisteredFileTypeNamed(fileType);
   const QString extension = ToQString(type.Extensions);
@@ -31,7 +31,7 @@ QString NameFilter(const String& fileType) {
   return QStringLiteral("%1 (*%2 *.%3)").arg(ToQString(type.Name), extension, inAnyCase);
 }
 
-/// What the user chooses; null for a cancel.
+/// What the user chooses; null when the user cancels.
 Ref<FolderItem> ChosenIn(QFileDialog& dialog) {
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   if (IsEndedBySystem() || dialog.exec() != QDialog::Accepted) return nullptr;

@@ -6,9 +6,9 @@ class QUrl;
 
 namespace celestrix {
 
-/// The path of the file that the address names; empty where it names none that can be opened here. A file: address may
-/// name its machine: "localhost" and this machine's own name are this machine. The files of any other are out of reach,
-/// but for what Windows shares.
+/// The path of the file that the address names; empty if it names none that can be opened here. A file: address may
+/// name a machine: "localhost" and this machine's own name mean this machine. Files of other machines cannot be
+/// opened, except on Windows, where they may be shared.
 QString LocalFile(QUrl address);
 
 }  // namespace celestrix

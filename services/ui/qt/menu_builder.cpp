@@ -43,14 +43,14 @@ const StandardCommand* Find(const String& itemName) {
   return nullptr;
 }
 
-/// Makes actions of a menu into edit commands and keeps each enabled exactly while it applies. It belongs to the
-/// menu bar given as its parent.
+/// Turns menu actions into edit commands and keeps each enabled exactly while it applies. Its parent, a menu bar,
+/// owns it.
 class EditCommands final : public QObject {
  public:
   explicit EditCommands(QObject* parent) : QObject(parent) {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowFocus(now); });
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &EditCommands::FollowClipboard);
-    // A program that owns the clipboard and hangs lets this wait for seconds, so the window shall be there before.
+    // If the program that owns the clipboard hangs, this waits for seconds, so the window is shown first.
     QMetaObject::invokeMethod(this, &EditCommands::FollowClipboard, Qt::QueuedConnection);
   }
 
@@ -88,12 +88,12 @@ class EditCommands final : public QObject {
 
   std::vector<std::pair<QAction*, const StandardCommand*>> commands_;
   QPointer<TextField> field_;      // the field that has the focus; opening a menu does not take it away
-  bool clipboardHasText_ = false;  // asked when the clipboard changes: the program that owns it may be slow to answer
+  bool clipboardHasText_ = false;  // asked only when the clipboard changes: its owner may be slow to answer
 };
 
 // ---- The menus
 
-/// "Cmd+Q" as the toolkit writes it: its "Ctrl" is the platform's key for commands.
+/// "Cmd+Q" as Qt writes it: Qt's "Ctrl" is the platform's key for commands.
 QKeySequence ToKeySequence(const String& shortcut) {
   return QKeySequence(ToQString(shortcut).replace(QLatin1String("Cmd+"), QLatin1String("Ctrl+")));
 }

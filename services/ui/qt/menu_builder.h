@@ -6,7 +6,7 @@ namespace celestrix {
 
 class MenuBar;
 
-/// Fills the toolkit's menu bar with the items of ours, and makes them do what menu.h says.
+/// Fills Qt's menu bar with the items of `bar`, and makes them do what menu.h says.
 void BuildMenuBar(QMenuBar& toolkitBar, const MenuBar& bar);
 
 }  // namespace celestrix

@@ -7,10 +7,10 @@ namespace celestrix {
 
 Ref<FolderItem> PreferencesFolder() {
   QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-#ifdef Q_OS_WIN  // the folder that goes with the user from machine to machine
+#ifdef Q_OS_WIN  // the folder that follows the user from machine to machine
   folder = qEnvironmentVariable("APPDATA", folder);
 #endif
-  // An XDG_CONFIG_HOME that is relative is to be ignored.
+  // A relative XDG_CONFIG_HOME must be ignored.
   if (QDir::isRelativePath(folder)) folder = QDir::home().filePath(QStringLiteral(".config"));
   return New<FolderItem>(QDir(folder).filesystemAbsolutePath());
 }

@@ -1,5 +1,5 @@
-// Between the framework's strings and Qt's. Every character of one is the same character in the other, a mark
-// (U+FEFF) at the start included.
+// Conversions between the framework's strings and Qt's. They keep every character, even a byte order mark (U+FEFF) at
+// the start.
 #pragma once
 
 #include <QString>
@@ -11,8 +11,8 @@ namespace celestrix {
 QString ToQString(std::string_view utf8);
 inline QString ToQString(const String& text) { return ToQString(text.Bytes()); }
 
-/// A half surrogate pair, which UTF-8 cannot hold, becomes the replacement character. Raises RuntimeException where
-/// the result would pass String::kMaxSize.
+/// An unpaired surrogate, which UTF-8 cannot represent, becomes the replacement character. Raises RuntimeException if
+/// the result would exceed String::kMaxSize.
 String FromQString(QStringView text);
 
 }  // namespace celestrix

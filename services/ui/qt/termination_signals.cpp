@@ -20,7 +20,7 @@ std::array<int, 2> ends = {-1, -1};  // to read from, to write to
 
 void WriteToPipe(int /*signal*/) {
   const int interrupted = errno;
-  // A full pipe holds enough of these, so the outcome does not matter.
+  // If the pipe is full, there is enough in it to read, so a failure can be ignored.
   [[maybe_unused]] const auto written = write(ends[1], "", 1);
   errno = interrupted;
 }
@@ -40,7 +40,7 @@ void CatchTerminationSignals(const std::function<void()>& whenRaised) {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     struct sigaction action = {};
     sigaction(signal, nullptr, &action);
-    if (action.sa_handler == SIG_IGN) continue;  // who started the program so (nohup) meant it
+    if (action.sa_handler == SIG_IGN) continue;  // the program was started so on purpose (nohup)
     action.sa_handler = WriteToPipe;
     action.sa_flags = SA_RESTART;
     sigaction(signal, &action, nullptr);

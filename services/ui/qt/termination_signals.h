@@ -4,9 +4,9 @@
 
 namespace celestrix {
 
-/// From now on, a request of the system to end the program is an event of the event loop, which calls the function. On
-/// Unix these are the signals SIGTERM, SIGINT and SIGHUP; elsewhere there are none: the system closes the window.
-/// Called once, when the application object exists.
+/// From now on the event loop calls the function when the system asks the program to end: on Unix by SIGTERM, SIGINT
+/// or SIGHUP. Elsewhere there are no such signals, and the system closes the window instead. Must be called once, when
+/// Qt's application object exists.
 void CatchTerminationSignals(const std::function<void()>& whenRaised);
 
 }  // namespace celestrix

@@ -15,26 +15,26 @@ namespace {
 
 // 1.4 million sets, for which Qt needs up to 2 GB of memory.
 constexpr int kMostLineEnds = 1 << 22;
-// A line of a million plain characters takes Qt some 0.5 s for each key. Others may take a hundred times as long as
-// those up to U+02FF, whose first byte is less than this one.
+// In a line of a million plain characters, Qt needs some 0.5 s for each key. Characters beyond U+02FF, whose first byte
+// is this one or a greater one, may take a hundred times as long.
 constexpr std::size_t kLongestLine = 1'000'000;
 constexpr std::size_t kCostOfOther = 100;
 constexpr unsigned char kFirstByteOfOther = 0xCC;
 
 constexpr char kUtf8Text[] = "text/plain;charset=utf-8";
 
-/// The text with EndOfLine wherever the field shows the end of a line. Qt also ends one at a paragraph separator and at
-/// two non-characters.
+/// The text with EndOfLine wherever the field would end a line. Qt also ends lines at a paragraph separator and at two
+/// non-characters.
 String WithEndOfLines(const String& text) {
   String lines = ReplaceLineEndings(text, EndOfLine());
   for (const String& lineEnd : {"\u2029"_s, "\uFDD0"_s, "\uFDD1"_s}) lines = ReplaceAll(lines, lineEnd, EndOfLine());
   return lines;
 }
 
-/// What Qt hands out raw, where every line but the last ends in a paragraph separator.
+/// Qt's raw text, in which lines are separated by paragraph separators, with line feeds instead.
 QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparator, QChar::LineFeed); }
 
-/// The length of a line, in plain characters that take Qt as long.
+/// The number of plain characters that take Qt as long as this line.
 std::size_t CostOf(std::string_view line) {
   const auto isFirst = [](unsigned char byte) { return (byte & 0xC0) != 0x80; };
   const auto isFirstOfOther = [=](unsigned char byte) { return isFirst(byte) && byte >= kFirstByteOfOther; };
@@ -42,15 +42,15 @@ std::size_t CostOf(std::string_view line) {
          (kCostOfOther - 1) * static_cast<std::size_t>(std::ranges::count_if(line, isFirstOfOther));
 }
 
-/// Raises RuntimeException for a text that Qt could not show in any bearable time, beside so many other lines, and
-/// std::bad_alloc where there is no memory for it in place of so many others.
+/// Raises RuntimeException if it would take Qt unbearably long to show the text together with that many other lines,
+/// and std::bad_alloc if there is not enough memory to replace that many lines by it.
 void RequireThatItFits(std::string_view text, int otherLines, int replacedLines) {
   const std::size_t bytes = text.size();
   for (int lineEnds = 0;; ++lineEnds) {
     if (lineEnds > kMostLineEnds - otherLines)
       throw RuntimeException("The text has more lines than the field can hold.");
     const std::size_t size = std::min(text.find('\n'), text.size());
-    // So many bytes without a line end are rare, and only such lines need counting.
+    // Few lines have this many bytes, and only their characters need counting.
     if (size > kLongestLine / kCostOfOther && CostOf(text.substr(0, size)) > kLongestLine)
       throw RuntimeException("The text has a line that is longer than the field can hold.");
     if (size == text.size()) return TextLoader::RequireRoom(lineEnds + replacedLines, bytes);
@@ -58,7 +58,7 @@ void RequireThatItFits(std::string_view text, int otherLines, int replacedLines)
   }
 }
 
-/// The same for a text in place of what the cursor selects: it joins the lines at both ends.
+/// The same for a text that is to replace what the cursor selects: it joins the lines at both ends.
 void RequireThatItFits(const String& text, const QTextCursor& place) {
   const QTextDocument& document = *place.document();
   const QTextBlock first = document.findBlock(place.selectionStart()), last = document.findBlock(place.selectionEnd());
@@ -75,7 +75,7 @@ QString TextOf(const QMimeData& mime) {
   return ToQString(mime.data(kUtf8Text).toStdString());
 }
 
-/// A copy of what an accepted drop brings: a file goes before text. Null if it did not arrive.
+/// A copy of what is dropped, as a file if it is one, otherwise as text. Null if it did not arrive.
 Ref<DragItem> ItemOf(const QMimeData& mime) {
   const QString file = LocalFile(mime.urls().value(0));
   if (!file.isEmpty()) return New<DragItem>(New<FolderItem>(QFileInfo(file).filesystemFilePath()));
@@ -89,14 +89,14 @@ TextField::TextField(QWidget* parent, Events events) : QPlainTextEdit(parent), e
   setTabChangesFocus(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setWordWrapMode(QTextOption::WrapAnywhere);  // looking for words takes the square of a line's length
+  setWordWrapMode(QTextOption::WrapAnywhere);  // wrapping at words takes time quadratic in a line's length
   connect(this, &QPlainTextEdit::textChanged, this, &TextField::TextWasChanged);
 }
 
 // ---- The text
 
 String TextField::Text() {
-  loader_.AwaitWaiting();  // what the user did before the question belongs to the answer
+  loader_.AwaitWaiting();  // what the user has typed or pasted before this call belongs to the text
   if (unedited_) return *unedited_;
   QString raw = document()->toRawText();
   return FromQString(WithLineFeeds(raw.insert(loader_.Place(), ToQString(loader_.Rest()))));
@@ -118,8 +118,8 @@ void TextField::TextWasChanged() {
   events_.textChanged();
 }
 
-// Satellites have upper-case names, so Shift is often still held. The line separator that Qt would type looks like the
-// end of a line, and is none.
+// Satellites have upper-case names, so Shift is often still held at Return. The line separator that Qt would insert
+// then looks like the end of a line, but is not one.
 void TextField::keyPressEvent(QKeyEvent* event) {
   if (!event->matches(QKeySequence::InsertLineSeparator)) return QPlainTextEdit::keyPressEvent(event);
   QKeyEvent plain(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r");
@@ -128,7 +128,7 @@ void TextField::keyPressEvent(QKeyEvent* event) {
 
 // ---- The clipboard, and drags of a selection
 
-// Some programs take text without the name of an encoding for that of their own.
+// Some programs assume an encoding of their own for text that names none.
 QMimeData* TextField::createMimeDataFromSelection() const {
   const QString text = WithLineFeeds(textCursor().selectedText());
   auto* mime = new QMimeData;
@@ -158,7 +158,7 @@ std::optional<String> TextField::Admit(const QString& text, const QTextCursor& p
     RequireThatItFits(lines, place);
     return lines;
   } catch (const std::exception&) {
-    // Qt's functions that lead here, such as those of its menus, do not survive an exception.
+    // The functions of Qt that lead here, such as those of its menus, are not safe against exceptions.
     const auto raise = [error = std::current_exception()] { std::rethrow_exception(error); };
     QMetaObject::invokeMethod(this, raise, Qt::QueuedConnection);
     return std::nullopt;
@@ -193,7 +193,7 @@ void TextField::dragMoveEvent(QDragMoveEvent* event) {
 
 void TextField::dropEvent(QDropEvent* event) {
   if (IsOwnDrag(*event)) {
-    // Qt takes the selection away from where it was before it comes here, so what cannot come is refused before that.
+    // Qt removes the selection from its old place before it inserts it here, so what does not fit is refused first.
     if (!Admit(TextOf(*event->mimeData()), cursorForPosition(event->position().toPoint()))) return event->ignore();
     return QPlainTextEdit::dropEvent(event);
   }
@@ -201,7 +201,7 @@ void TextField::dropEvent(QDropEvent* event) {
   if (!event->isAccepted()) return;
   const Ref<DragItem> item = ItemOf(*event->mimeData());
   if (!item) return event->ignore();
-  // The source waits until this returns, so the handler, which may have to show an alert, comes later.
+  // The source waits until this returns, so the handler, which may show an alert, runs later.
   const auto handle = [this, item] { events_.dropped(item); };
   QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
 }

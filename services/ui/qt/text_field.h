@@ -1,11 +1,11 @@
 // TextField: Qt's text field, made exact.
 //
-// Qt's own way to hand out plain text turns no-break spaces into spaces and several other characters into
-// line feeds. The field keeps the text that the program gave it and hands that out until the user edits it, which also
-// spares reading a long document; from then on it reads the document raw. Both are the same text: what Qt would
-// take for the end of a line is one EndOfLine from the start.
+// Qt's toPlainText turns no-break spaces into spaces and several other characters into line feeds. The field keeps the
+// text that the program gave it and returns that until the user edits it, which also saves reading a long document;
+// from then on it reads the document raw. Both are the same text: whatever Qt would treat as the end of a line is
+// one EndOfLine from the start.
 //
-// How a long text gets into it: text_loader.h.
+// text_loader.h says how a long text gets into it.
 #pragma once
 
 #include <QMimeData>
@@ -31,13 +31,13 @@ class TextField final : public QPlainTextEdit {
   void SetText(const String& text);
   bool IsEmpty() const;
 
-  /// Whether there is text in it. A look at its formats: to fetch the text from the program that has it may take long.
-  /// (Qt also calls addresses text, of which it then may have none to give.)
+  /// Whether it has text, according to its formats: fetching the text from the program that owns it may take long.
+  /// (Qt's own hasText counts addresses as text, and may then return none.)
   static bool HasText(const QMimeData* mime);
 
   /// Whether the field shows all of its text.
   bool IsWhole() const { return loader_.IsWhole(); }
-  /// Does it now, or when the field is whole.
+  /// Runs the action now, or when the field is whole.
   void WhenWhole(std::function<void()> action) { loader_.WhenWhole(std::move(action)); }
 
   void AcceptFiles(const FileType& type) { acceptedFiles_ = &type; }
@@ -54,8 +54,8 @@ class TextField final : public QPlainTextEdit {
 
  private:
   void TextWasChanged();
-  /// The lines of a text that can come in place of what the cursor selects; none for an empty one, which is how Qt
-  /// says that it did not arrive. One that does not fit is said to the user when this has returned.
+  /// The text with EndOfLine between its lines, if it can replace what the cursor selects. Nothing if it is empty,
+  /// which is how Qt reports that it did not arrive, or if it does not fit, of which an alert tells the user later.
   std::optional<String> Admit(const QString& text, const QTextCursor& place);
   bool IsOwnDrag(const QDropEvent& event) const;
   void Judge(QDropEvent* event) const;

@@ -15,7 +15,7 @@ namespace celestrix {
 
 namespace {
 
-// A slice ends with a line, at one of these; it takes Qt some eight milliseconds.
+// A slice ends at the end of the line where one of these is reached. It takes Qt some eight milliseconds.
 constexpr std::size_t kSliceSize = 128 * 1024;  // bytes
 constexpr int kSliceLines = 2500;
 
@@ -36,10 +36,10 @@ void TextLoader::RequireRoom(int lines, std::size_t bytes) {
 
 void TextLoader::Load(const String& text) {
   waiting_.clear();
-  // Freeing the old document takes as long as everything else here, so it happens in a turn of its own.
+  // Freeing the old document takes as long as everything else here, so an event of its own does it.
   QTextDocument* const old = field_.document();
   old->setParent(this);           // or the field would free it at once
-  if (QAccessible::isActive()) {  // Qt tells the clients of what is removed from a document, not of this
+  if (QAccessible::isActive()) {  // Qt tells the clients of removals within a document, but not of this one
     QAccessibleTextRemoveEvent removal(&field_, 0, QString(old->characterCount() - 1, ' '));
     QAccessible::updateAccessibility(&removal);
   }
@@ -61,8 +61,8 @@ void TextLoader::Begin(const String& text, const QTextCursor& place) {
   AddSlice();
 }
 
-/// About a slice of whole lines, or one line, however long: adding to a line that is shown already would take the
-/// square of its length.
+/// The next slice: whole lines, at least one, however long. Adding to a line that is already shown would take time
+/// quadratic in its length.
 QString TextLoader::TakeSlice() {
   const std::string_view rest = rest_.Bytes();
   std::size_t size = 0;
@@ -73,7 +73,7 @@ QString TextLoader::TakeSlice() {
   return slice;
 }
 
-/// Ends the edit block that has been begun for it.
+/// Ends the edit block that the caller has begun.
 void TextLoader::AddSlice() {
   {
     const QScopedValueRollback filling(filling_, true);
@@ -81,7 +81,7 @@ void TextLoader::AddSlice() {
     place_.endEditBlock();
   }
   if (!IsWhole()) return betweenEvents_.start(0, this);
-  rest_ = String();  // lets go of the bytes
+  rest_ = String();  // releases the bytes
   if (field_.document()->isUndoRedoEnabled()) field_.ensureCursorVisible();
   field_.document()->setUndoRedoEnabled(true);
 }
@@ -91,7 +91,7 @@ void TextLoader::timerEvent(QTimerEvent* /*event*/) {
     place_.joinPreviousEditBlock();
     AddSlice();
   }
-  while (IsWhole() && !waiting_.empty()) {  // what waited may bring a text itself, and then the others wait on
+  while (IsWhole() && !waiting_.empty()) {  // an action may begin to insert a text, and then the others wait on
     const std::function<void()> action = std::move(waiting_.front());
     waiting_.pop_front();
     action();
@@ -117,7 +117,7 @@ bool TextLoader::eventFilter(QObject* receiver, QEvent* event) {
       return std::exchange(pressIsIgnored_, false);  // the field gets it if it got the press
     case QEvent::KeyPress:
       if (const int key = static_cast<QKeyEvent*>(event)->key(); key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return false;  // it leaves the field, and what follows is not for it
+        return false;  // it leaves the field, so later keys are not for the field
       [[fallthrough]];
     case QEvent::InputMethod:
     case QEvent::ContextMenu:

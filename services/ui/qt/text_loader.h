@@ -30,25 +30,25 @@ class TextLoader final : public QObject {
   /// For a field that outlives the loader.
   explicit TextLoader(QPlainTextEdit& field);
 
-  /// Raises std::bad_alloc where there is no memory for so many lines, those that are replaced included, and bytes of
-  /// text. Qt does not survive running out of it, so this is to be asked before anything is touched; then no slice
+  /// Raises std::bad_alloc if there is no memory for that many lines, including those that are replaced, and that many
+  /// bytes of text. Qt does not survive running out of memory, so call this before anything is changed; then no slice
   /// fails. Measured at the peak, just after Qt's arrays have doubled: 200 bytes for a loaded line, 310 for a pasted
   /// one with its undo, 130 more for a replaced one, and 4 for each character.
   static void RequireRoom(int lines, std::size_t bytes);
 
-  /// Replaces the field's text, which cannot be undone. What waits is forgotten: it was meant for the text before.
+  /// Replaces the field's text, which cannot be undone. Drops the actions that wait: they were meant for the old text.
   void Load(const String& text);
-  /// Puts the text in place of the selection of a whole field, as one step of undo, with the cursor behind it.
+  /// Replaces the selection by the text, as one step of undo, and puts the cursor after it. The field must be whole.
   void Insert(const String& text);
 
   bool IsWhole() const { return LenB(rest_) == 0; }
-  /// What the field does not hold yet, and its place there.
+  /// The part of the text that the field does not hold yet, and where it will be inserted.
   const String& Rest() const { return rest_; }
   int Place() const { return place_.position(); }
-  /// Whether it is the loader that changes the document at the moment, and nobody else.
+  /// Whether the document is being changed by the loader at the moment.
   bool IsFilling() const { return filling_; }
 
-  /// Does it now, or, behind what waits already, when the field is whole.
+  /// Runs the action now, or when the field is whole, after the actions that wait already.
   void WhenWhole(std::function<void()> action);
   /// Lets the event loop go on until nothing waits any more.
   void AwaitWaiting() const;

@@ -4,7 +4,7 @@
 
 namespace celestrix {
 
-/// What the headers of services/ui/ call Qt's side of a control. The widget belongs to its parent.
+/// Qt's side of a control, by the name that the headers of services/ui/ use for it. The widget belongs to its parent.
 struct ToolkitWidget {
   QWidget* widget;
 };

@@ -25,7 +25,7 @@ class Content final : public QWidget {
   void SetDesignedSize(QSize size) { designed_ = size; }
 
   void Place(QWidget* widget, const ControlProperties& at) {
-    const bool inGroup = widget->parentWidget() != this;  // which it then moves with
+    const bool inGroup = widget->parentWidget() != this;  // then it moves with the group
     const QPoint origin = inGroup ? widget->parentWidget()->pos() : QPoint();
     widget->setGeometry(QRect(at.Left, at.Top, at.Width, at.Height).translated(-origin));
     if (inGroup) return;
@@ -66,12 +66,12 @@ class Window::Frame final : public QMainWindow {
 
   Content* ContentPane() { return content_; }
 
-  /// Gives the window the size with which its content has that one.
+  /// Resizes the window so that its content has that size.
   void ResizeContent(QSize size) {
     layout()->activate();
     resize(size + Surroundings());
   }
-  /// What the menu bar takes away, where it is in the window at all. In some styles this is not its sizeHint.
+  /// The room that the menu bar takes, if it is in the window at all. In some styles this is not its sizeHint.
   QSize Surroundings() const {
     const bool outside = menuWidget() == nullptr || menuBar()->isNativeMenuBar();
     return {0, outside ? 0 : menuBar()->heightForWidth(width())};
@@ -79,7 +79,7 @@ class Window::Frame final : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override {
-    // The close handler may have to wait for its turn; the window hides when it has run.
+    // The close handler may have to wait in the queue; the window is hidden when it has run.
     event->ignore();
     window_.Close();
   }
@@ -108,7 +108,7 @@ void Window::Open() {
 }
 
 void Window::Close() {
-  // Both hold the window; the first one normally ends the program, and with it the queue.
+  // Both keep the window alive; the first one normally ends the program, and with it the queue.
   RaiseEvent([self = shared_from_this()] { self->Event_Close(); });
   RaiseEvent([self = shared_from_this()] {
     self->frame_->hide();
