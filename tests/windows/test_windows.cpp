@@ -1,8 +1,8 @@
 // What is Windows' own: long paths in any letters, what the alerts say, files of other machines, the look of the
 // window, and the session's end.
+#include <share.h>
 #include <windows.h>
 
-#include "services/base/folder_item.h"
 #include "services/ui/qt/local_file.h"
 #include "tests/window/fixture.h"
 
@@ -11,8 +11,7 @@ class TestWindows : public QObject {
 
  private slots:
   void aFileIsMadeAndReadOrTheReasonIsSaid_data() {
-    QString longName;
-    while (longName.size() < 400) longName += "Sätze für 卫星 " + QString(40, QChar('x')) + "/";
+    const QString longName = QString("Sätze für 卫星, die lange Namen haben/").repeated(12);
     AddRows({{"a path of 400 letters of all kinds", (longName + "Ω.txt").toUtf8(), "line\n"},
              {"used by another program", "used", "“%1” could not be created: Permission denied."},
              {"a name that Windows does not allow", "a|b", "“%1” could not be created: Invalid argument."}});
@@ -20,12 +19,11 @@ class TestWindows : public QObject {
   void aFileIsMadeAndReadOrTheReasonIsSaid() {
     QFETCH(const QByteArray, in);
     const QTemporaryDir folder;
-    const HANDLE useByOther = CreateFileW(folder.filePath("used").toStdWString().c_str(), GENERIC_READ, 0, nullptr,
-                                          CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    FILE* const useByOther = _wfsopen(folder.filePath("used").toStdWString().c_str(), L"w", _SH_DENYRW);
     const FolderItem item(QFileInfo(folder.filePath(in)).filesystemFilePath());
     QByteArray outcome = ErrorOf([&item] { item.CreateTextFile()->WriteLine("line"_s); });
     if (outcome == "no error") outcome = Bytes(item.OpenAsTextFile()->ReadAll());
-    CloseHandle(useByOther);
+    std::fclose(useByOther);
     QTEST(outcome.replace(QDir::toNativeSeparators(folder.filePath(in)).toUtf8(), "%1"), "out");
   }
 
@@ -44,16 +42,12 @@ class TestWindows : public QObject {
     w.Drop("text");
     TestedWindow::Choose(w.pocket);
     QEventLoop program;
-    bool goesOn = false;
     QTimer::singleShot(0, [&] {
-      const auto window = reinterpret_cast<HWND>(w.frame->winId());
-      SendMessageW(window, WM_QUERYENDSESSION, 0, 0);
-      SendMessageW(window, WM_ENDSESSION, FALSE, 0);
-      goesOn = program.isRunning();
-      program.exit();
+      for (const UINT message : {WM_QUERYENDSESSION, WM_ENDSESSION})
+        SendMessageW(reinterpret_cast<HWND>(w.frame->winId()), message, FALSE, 0);
+      program.exit(program.isRunning() ? 1 : 0);
     });
-    program.exec();
-    QVERIFY(goesOn);
+    QVERIFY2(program.exec() == 1, "the program has ended");
     QCOMPARE(w.Text(), "text");
     QCOMPARE(ReadFile(PreferencesPath()), "1\n");
   }
