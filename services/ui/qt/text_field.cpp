@@ -154,7 +154,7 @@ void TextField::insertFromMimeData(const QMimeData* mime) {
 std::optional<String> TextField::Admit(const QString& text, const QTextCursor& place) {
   if (text.isEmpty()) return std::nullopt;
   try {
-    const String lines = WithEndOfLines(FromQString(text));
+    String lines = WithEndOfLines(FromQString(text));
     RequireThatItFits(lines, place);
     return lines;
   } catch (const std::exception&) {
