@@ -1,4 +1,4 @@
-// bench_encode TEXT-FILE OUTPUT pdb|ppc: what the window's Browse and Save do with a text, without the window.
+// bench_encode TEXT-FILE OUTPUT pdb|ppc: does with a text what the window's Browse and Save do, without the window.
 // For measuring the conversion as a whole process.
 #include <cstdio>
 #include <exception>

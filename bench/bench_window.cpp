@@ -1,8 +1,8 @@
-// bench_window TEXT-FILE OUTPUT drives the program's own window as a user does (a file dropped on the field, keys,
-// "Save..." and the file dialog), and prints how quickly it answers, as lines of "measure milliseconds". The unedited
-// text's file goes to OUTPUT, and that of the text with an "x" typed at either end to OUTPUT.edited. Of an empty text
-// only the closing of the window is measured.
-// bench_window TEXT-FILE does what compares to that with the toolkit's own field. The text is ASCII.
+// bench_window TEXT-FILE OUTPUT operates the program's own window as a user does (a file dropped on the field, keys,
+// "Save..." and the file dialog, a paste), and prints how quickly it answers, as lines of "measure milliseconds". It
+// saves the unedited text to OUTPUT, and the text with an "x" typed at either end to OUTPUT.edited. With an empty text
+// it measures only the closing of the window.
+// bench_window TEXT-FILE does the same work with Qt's own field, for comparison. The text is ASCII.
 // bench_window shows the bare window until it is killed.
 #include <QtWidgets>
 #include <algorithm>
@@ -18,8 +18,8 @@ void Report(const std::string& measure, qint64 nanoseconds) {
   std::printf("%s %.3f\n", measure.c_str(), static_cast<double>(nanoseconds) / 1e6);
 }
 
-/// Takes the time. Sees, by a timer that is always due, how long the event loop takes to answer, and when the field
-/// has drawn a text of another length.
+/// Measures time. A timer that is always due shows how long the event loop takes to answer. Also notices when the
+/// field has drawn a text of another length.
 struct Watch final : QObject {
   explicit Watch(QPlainTextEdit* watched) : field(watched) {
     field->viewport()->installEventFilter(this);
@@ -32,7 +32,7 @@ struct Watch final : QObject {
     sinceBegin.start();
     sinceLast.start();
   }
-  /// Gives the event loop its turn until the condition holds.
+  /// Handles events until the condition holds, and reports the time since Begin.
   template <class Condition>
   void ReportWhen(Condition condition, const std::string& measure) {
     do QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -55,7 +55,7 @@ struct Watch final : QObject {
   bool hasDrawn = false;
 };
 
-/// Drops the file. The field must not hold a text of the same length yet.
+/// Drops the file. The text in the field must not have the same length.
 void Load(Watch& watch, const QPushButton* save, const QString& textFile, const std::string& measure) {
   QMimeData mime;
   mime.setUrls({QUrl::fromLocalFile(textFile)});
@@ -93,8 +93,8 @@ void TypeAt(Watch& watch, QTextCursor::MoveOperation place, const char* measure)
   watch.ReportWhen([&] { return watch.hasDrawn; }, measure);
 }
 
-/// Clicks "Save..." and accepts the dialog with that file. What counts begins when the dialog is gone. (The system
-/// may take 25 ms to stop watching the dialog's folder. That does not count: it happens before.)
+/// Clicks "Save..." and accepts the dialog with that file. The measured time begins when the dialog is gone, so that
+/// the 25 ms are not counted that the system may need to stop watching the dialog's folder.
 void Save(Watch& watch, QPushButton* save, const QString& output, const std::string& measure) {
   QFile::remove(output);
   QTimer looksForDialog;
@@ -147,7 +147,7 @@ void RunProgram(int argc, char** argv) {
   Report("close", sinceClosing.nsecsElapsed());
 }
 
-/// The program's window as the toolkit alone makes it: the same controls at the same places, nothing behind them.
+/// The program's window, made with Qt alone: the same controls at the same places, which do nothing.
 void ShowBare(QMainWindow& window, QPlainTextEdit* field) {
   window.setWindowTitle("Celestrix Satellite Encoder");
   window.menuBar()->addMenu("&File")->addAction("&Quit");

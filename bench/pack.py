@@ -1,4 +1,4 @@
-"""pack.py TEXT-FILE OUTPUT: the Palm database as one would pack it in a short script."""
+"""pack.py TEXT-FILE OUTPUT: makes the Palm database as a short script would."""
 import struct
 import sys
 

@@ -1,6 +1,6 @@
-// yardstick TEXT-FILE OUTPUT: the least work that the conversion to a Palm database allows, for one well-formed
-// text: map the file, find the lines, copy each to its place, write once. It handles no blank or over-long line,
-// no encoding, no line ending but LF, and shares no code with the program. bench/compare measures against it.
+// yardstick TEXT-FILE OUTPUT: makes a Palm database with the least work possible, from a well-formed text: maps the
+// file, finds the lines, copies each to its place, writes once. It handles no blank or over-long lines, no encodings
+// and no line endings but LF, and shares no code with the program. bench/compare compares the program with it.
 #include <endian.h>
 #include <fcntl.h>
 #include <sys/mman.h>

@@ -1,3 +1,3 @@
-# Run by cpack on what it is about to pack: the folders are everybody's, whatever the umask of who builds.
+# Run by cpack on what it is about to pack: everybody may read the folders, whatever the umask of the build.
 file(CHMOD_RECURSE ${CPACK_TEMPORARY_INSTALL_DIRECTORY} DIRECTORY_PERMISSIONS
      OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

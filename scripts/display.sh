@@ -1,24 +1,24 @@
-# To be sourced, in the project's folder: a display in memory, the program on it, and its user's hand and eye.
+# To be sourced, in the project's folder: a virtual display, the program on it, and what a user does and sees there.
 #
 #   use_program PROGRAM    # a Linux program, or an .exe, which then runs under Wine
 #   start_display
 #   start_program; click browse; answer_dialog FILE; close_program press alt+F4
 #
-# The program sees nothing of the caller's desktop: display, home folder and settings are its own. All of it goes when
-# the script ends, however it ends. If a step fails, the message says which, and the screen is left as a picture.
+# The program sees nothing of the caller's desktop: display, home folder and settings are its own. They are removed
+# when the script ends, however it ends. If a step fails, the message says which, and a picture of the screen is left.
 # shellcheck shell=bash disable=SC2034
 
 example=examples/stations.txt
 patience=${CELESTRIX_PATIENCE:-120} # seconds for each step: a slow machine must not look like a broken program
 
-# The window's content at scale 1, as window/layout.cpp has it. The menu bar stands above it, as high as its font.
+# The window's content at scale 1, as in window/layout.cpp. The menu bar is above it; its height depends on the font.
 content_height=426
 declare -A places=([browse]='60 390' [palm]='190 390' [pocket_pc]='300 390' [save]='446 390' [field]='200 200')
 field_text='30 91 436 255' # left, top, width, height
 scale=1
 
 work=$(mktemp -d)
-folder="$work/Sätze von heute" # with a text in it
+folder="$work/Sätze von heute" # its name has spaces and a letter beyond ASCII
 display_id=
 program_id=
 helpers=() # other processes that end with the script
@@ -53,14 +53,14 @@ use_wine() {
   source scripts/wine.sh
   make_wine_prefix
   environment=("${wine_environment[@]}")
-  # shellcheck disable=SC2016 # The shell in between keeps to itself that it was killed.
+  # shellcheck disable=SC2016 # Without the shell in between, bash would report that wine was killed.
   launcher=(sh -c 'wine "$0"; exit')
   out=$PWD/out/windows
   preference=$wine_prefix/drive_c/users/$(id -un)/AppData/Roaming/CelestrixSatellite.prefs
   select_all=(Home shift+End) # the name field of the system's dialogs knows no Ctrl+A
   name_for_program() { windows_path "$1"; }
   end_session() { start wine wineboot --end-session; }
-  may_be_ended_by() { [[ $1 == end_session ]]; } # which does not wait until those that it asked have ended
+  may_be_ended_by() { [[ $1 == end_session ]]; } # it does not wait until the programs that it asked have ended
   end_system() { env -i "${environment[@]}" wineserver -k; }
 }
 
@@ -69,12 +69,12 @@ use_wine() {
 clean_up() {
   local status=$? helper
   ((status == 0 || status == skipped)) || explain_failure >&2
-  exec 2>/dev/null # what the shell says of killed processes is no news
+  exec 2>/dev/null # hides the shell's messages about killed processes
   for helper in "$program_id" "${helpers[@]}"; do
     [[ -z $helper ]] || kill -KILL "$helper" || true
   done
   end_system
-  # The window manager goes with the display. The display is asked: it has files of its own to remove.
+  # The window manager ends with the display. The display gets SIGTERM: it has files of its own to remove.
   [[ -z $display_id ]] || kill -TERM "$display_id" || true
   wait
   rm -rf "${work:?}"
@@ -89,7 +89,6 @@ fail() {
   exit 1
 }
 
-# Whatever made the script fail.
 explain_failure() {
   local picture=${0##*/}
   picture=$out/${picture%.*}.failure.png
@@ -112,10 +111,10 @@ await() {
 
 require_program() { [[ -z $program_id || $closing == yes ]] || ! has_ended || fail "expected: $1"; }
 
-# Runs a command in the background, in an environment of its own. Its number is then $!.
+# Runs a command in the background, in an environment of its own. $! is then its process number.
 start() { env -i "${environment[@]}" "$@" &>>"$work/log" & }
 
-# start_program [NAME=VALUE...]: with these in its environment.
+# start_program [NAME=VALUE...]: with these variables in its environment.
 start_program() {
   start "$@" "${launcher[@]}" "$program"
   program_id=$!
@@ -124,7 +123,7 @@ start_program() {
   await 'the window has the keyboard focus' is_active
 }
 
-# close_program COMMAND...: by this command.
+# close_program COMMAND...: closes it by this command, and waits for its end.
 close_program() {
   local status=0
   closing=yes
@@ -143,8 +142,8 @@ keeps() { [[ $(<"$preference") == "$1" ]] || fail "expected: $preference holds $
 start_display() {
   start_xvfb
   environment+=(DISPLAY="$DISPLAY")
-  # It announces itself on the display before it is ready, and may never show a window that comes in between.
-  # The command it is given runs when it is.
+  # openbox announces itself on the display before it is ready, and may never show a window that is opened in between.
+  # It runs the command when it is ready.
   start openbox --startup "touch '$work/ready'"
   await 'the window manager' test -e "$work/ready"
 }
@@ -176,25 +175,25 @@ clipboard() { xclip -selection clipboard -o; }
 picture_of_window() { timeout 20 import -silent -window "$window" ppm:-; }
 picture_of_screen() { timeout 20 import -silent -window root "$1"; }
 
-# ---- The user's hand and eye
+# ---- What the user does and sees
 
 find_window() { window=$(window_named 'Celestrix Satellite Encoder'); }
 is_active() { [[ $(active_window) == "$window" ]]; }
 
-# Sets menu_bar to its height. bash goes on after an error in an expression, so nothing in one may be missing.
+# Sets menu_bar to its height. bash goes on after an error in an arithmetic expression, so its operands must be there.
 measure_menu_bar() {
   local height
   height=$(window_height) || return
   menu_bar=$((height / scale - content_height))
 }
 
-# point LEFT TOP: in the window's content.
+# point LEFT TOP: moves the mouse to this point of the window's content.
 point() {
   measure_menu_bar || return
   move_mouse $(($1 * scale)) $((($2 + menu_bar) * scale))
 }
 
-# click PLACE: one of those above.
+# click PLACE: a name in `places`.
 click() {
   # shellcheck disable=SC2086
   point ${places[$1]}
@@ -202,7 +201,7 @@ click() {
   mouse_button up
 }
 
-# choose_file PATH: in the dialog that a click opens.
+# choose_file PATH: in the dialog that a click has opened.
 choose_file() {
   await 'a dialog' has_dialog
   # Pasted, because not every keyboard has every letter.
@@ -210,7 +209,7 @@ choose_file() {
   press "${select_all[@]}" ctrl+v Return
 }
 
-# answer_dialog PATH [replace]: chooses the file, agrees that it is replaced, and waits for the dialog's end.
+# answer_dialog PATH [replace]: chooses the file, agrees to replace it, and waits for the dialog's end.
 answer_dialog() {
   choose_file "$1"
   if [[ ${2:-} == replace ]]; then
@@ -228,7 +227,7 @@ dismiss_dialog() {
 
 has_dialog() { dialog=$(active_window) && [[ $dialog != "$window" ]]; }
 has_question() { [[ $(active_window) != "$dialog" ]]; }
-# When two dialogs end at once, or one under Wine, the focus may be with no window.
+# When two dialogs end at once, or one under Wine, no window may have the focus.
 is_back() { [[ $(visible_windows) == "$window" ]] && activate && is_active; }
 
 browse_example() {
@@ -250,7 +249,7 @@ shows_text() {
 
 # take_picture FILE: of the window.
 take_picture() {
-  move_mouse_away # no button shall look as if the mouse were on it
+  move_mouse_away # so that no button is highlighted
   await 'a window that stands still' stands_still
   convert "$work/now.ppm" -define png:exclude-chunks=date,time "$1"
 }

@@ -3,32 +3,32 @@
 
 # To build the program.
 build_packages=(g++ cmake ninja-build qt6-base-dev)
-# To run it: a font, without which no text is drawn; and Wayland. From Debian 14 on the plugin is in Qt's own packages,
-# but not what it needs for windows.
+# To run it: a font, without which no text is drawn, and Wayland. From Debian 14 on, the Wayland plugin is in Qt's own
+# packages, but not what it needs to show windows.
 run_packages=(qt6-wayland fonts-dejavu-core)
 # To try the program for Windows: Wine, with a font. Debian 14 has none.
 wine_packages=(wine wine64 fonts-wine)
 if [[ $(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release 2>/dev/null) == forky ]]; then wine_packages=(); fi
-# To run it where there is no display: one in memory, a window manager, mouse and keys, properties of windows,
+# To run it where there is no display: a virtual one, a window manager, mouse and keys, properties of windows,
 # clipboard, pictures.
 headless_packages=(xvfb openbox xdotool x11-utils xclip imagemagick)
-# To make what is given to people.
+# To make a release.
 release_packages=(git dpkg-dev file)
-# For the tests: the fuzzer, the checks of style, of the Debian package and of what it holds; a display of Wayland with
-# its clipboard and pictures, another program to drag from and to, the dialogs of desktops, and a session's manager.
+# For the tests: the fuzzer, the checks of style, of the Debian package and of its content; a Wayland display with its
+# clipboard and pictures, another program to drag from and to, desktops' dialogs, and a session manager.
 test_packages=(clang libclang-rt-dev clang-format clang-tidy shellcheck
   desktop-file-utils appstream man-db dpkg-dev file lintian
   sway wl-clipboard jq python3-gi gir1.2-gtk-3.0
   qt6-gtk-platformtheme qt6-xdgdesktopportal-platformtheme dbus-daemon libsm-dev)
 
-# For Windows: the compiler, what unpacks and builds Qt's source, the installer's maker.
+# For Windows: the compiler, the tools that unpack and build Qt's source, and those that make and check the packages.
 windows_packages=(g++-mingw-w64-x86-64-posix dpkg-dev perl xz-utils nsis zip unzip)
 
-# install_missing PACKAGE...: installs those that are not there. Where none is missing it needs neither
-# network nor rights.
+# install_missing PACKAGE...: installs those that are not installed. If none is missing, it needs neither the network
+# nor root.
 install_missing() {
   if ! command -v dpkg-query >/dev/null; then
-    echo "This is no Debian system, so nothing is installed. What is needed, by its names there: $*"
+    echo "This is not a Debian system, so nothing is installed. What is needed, by its names in Debian: $*"
     return
   fi
 
@@ -48,9 +48,9 @@ install_missing() {
     as_root=(sudo)
   fi
   echo "Installing: ${missing[*]}"
-  # As one command, so that a password is asked for once. apt says how much it fetches, and shows how far it is.
-  # A repository out of reach stops nothing here: whether it matters shows in the installation. A machine that has
-  # just started may be busy with its own updates, hence the wait for the lock.
+  # One command, so that a password is asked for once. An update that fails because a repository is out of reach does
+  # not stop it: the installation may succeed all the same. A machine that has just started may be busy with its own
+  # updates, hence the wait for the lock.
   # shellcheck disable=SC2016
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive sh -c \
     'apt-get update; exec apt-get -o DPkg::Lock::Timeout=300 install -y --no-install-recommends "$@"' \

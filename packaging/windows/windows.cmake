@@ -1,4 +1,4 @@
-# What the .exe holds beside the program (icon, version, manifest), and its packages: an installer and an archive.
+# What the .exe contains besides code (icon, version, manifest), and its packages: an installer and an archive.
 set(CMAKE_INSTALL_BINDIR .)
 set(icon ${CMAKE_CURRENT_LIST_DIR}/icon.ico)
 set(manifest ${CMAKE_CURRENT_LIST_DIR}/program.manifest)
@@ -8,7 +8,7 @@ set_property(SOURCE ${CMAKE_CURRENT_BINARY_DIR}/program.rc TARGET_DIRECTORY ${pr
              PROPERTY OBJECT_DEPENDS ${icon} ${manifest})
 target_link_options(${program} PRIVATE -s -Wl,--no-insert-timestamp)
 
-# The licences of all that is linked into the .exe; licences.txt says of what.
+# The licences of everything that is linked into the .exe, which licences.txt lists.
 set(qt_licences ${PROJECT_SOURCE_DIR}/build/windows-qt/installed/licences)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE RENAME LICENSE.txt DESTINATION licences)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/licences.txt DESTINATION .)
@@ -23,10 +23,11 @@ set(CPACK_PACKAGE_VENDOR "Celestrix Satellite Encoder maintainers")
 set(CPACK_PACKAGE_INSTALL_DIRECTORY "Celestrix Satellite Encoder")
 set(CPACK_PACKAGE_EXECUTABLES ${program} "Celestrix Satellite Encoder")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
-# The installer is a 64-bit program like the one it installs. The backslash reaches its compiler only "verbatim".
+# The installer is a 64-bit program like the one that it installs. Without VERBATIM, its compiler would not get the
+# backslash.
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_NSIS_EXECUTABLE_PRE_ARGUMENTS [[-XTarget\ amd64-unicode]])
-set(CPACK_NSIS_DEFINES "SetDateSave off") # else it would hold when the files were built
+set(CPACK_NSIS_DEFINES "SetDateSave off") # otherwise it would contain the times of the files
 set(CPACK_NSIS_EXECUTABLES_DIRECTORY .)
 set(CPACK_NSIS_DISPLAY_NAME "Celestrix Satellite Encoder")
 set(CPACK_NSIS_INSTALLED_ICON_NAME ${program}.exe)
@@ -34,6 +35,7 @@ set(CPACK_NSIS_MUI_ICON ${icon})
 set(CPACK_NSIS_MUI_UNIICON ${icon})
 set(CPACK_NSIS_MANIFEST_DPI_AWARE ON)
 set(CPACK_NSIS_ENABLE_UNINSTALL_BEFORE_INSTALL ON)
-# The uninstaller forgets its own registry key and leaves the maintainers'. These are the last commands that it takes.
+# By itself the uninstaller removes the program's registry key and leaves the maintainers'. This is the last place where
+# commands can be added to it.
 set(CPACK_NSIS_DELETE_ICONS_EXTRA [[DeleteRegKey /ifempty SHCTX "Software\Celestrix Satellite Encoder maintainers"]])
 include(CPack)

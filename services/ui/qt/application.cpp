@@ -21,11 +21,11 @@ namespace celestrix {
 
 namespace {
 
-// A yield gives the event loop its turn when this much time has passed.
+// A yield handles events if this much time has passed since they were handled last.
 constexpr qint64 kTurnMilliseconds = 8;
 
 Ref<Application> registeredApplication;
-// Never destroyed: when the display dies, Qt ends the process at once, and windows do not survive Qt.
+// Never destroyed: when the display dies, Qt ends the process at once, and the windows must not outlive Qt.
 auto& implicitWindows = *new std::map<std::string, Ref<Window>>;
 bool endedBySystem = false;
 bool onlyAnnounced = false;
@@ -53,8 +53,8 @@ void ShowAlert(const QString& text) {
   alert.exec();
 }
 
-/// Where errors arrive that arise in Qt's own events, outside the handlers, and where the system's wish does to end the
-/// program, as the manager of a session has it.
+/// Receives errors in Qt's own events, outside the handlers, and the system's requests to end the program, such as a
+/// session manager's.
 class GuardedApplication final : public QApplication {
  public:
   using QApplication::QApplication;
@@ -63,8 +63,8 @@ class GuardedApplication final : public QApplication {
     try {
       return QApplication::notify(receiver, event);
     } catch (const std::exception&) {
-      // Somebody may wait for the event's end, as a drag's source does. So the error takes its turn, as if a handler
-      // had raised it.
+      // Another program may wait until the event has been handled, as the source of a drag does. So the error is
+      // queued, as if a handler had raised it.
       const auto raise = [error = std::current_exception()] { std::rethrow_exception(error); };
       QTimer::singleShot(0, [raise] { RaiseEvent(raise); });
       return true;
