@@ -40,15 +40,12 @@ class TestString : public QObject {
     }
   }
 
-  void whatIsNotThereIsNotUsed() {
+  void whatCannotBeIsRefused() {
     const Ref<StringArray> array = Split("a,b"_s, ","_s);
     QCOMPARE(ErrorOf([&] { array->Get(-1); }), "There is no element -1 in an array that ends at 1.");
     QCOMPARE(ErrorOf([&] { array->Remove(2); }), "There is no element 2 in an array that ends at 1.");
     QCOMPARE(ErrorOf([] { Chr(128); }), "There is no element 128 in an array that ends at 127.");
     QCOMPARE(ErrorOf([] { Ref<StringArray>()->Get(0); }), "An object that does not exist was used.");
-  }
-
-  void aTextThatIsTooLongIsRefused() {
     QCOMPARE(ErrorOf([] { String::Build(String::kMaxSize + 1, nullptr); }), "The text is too long.");
   }
 
