@@ -23,7 +23,7 @@ class FolderItem {
   /// The file's length in bytes; 0 if it is not a regular file.
   std::uint64_t Length() const;
 
-  /// Removes the file. Does nothing where there is none, and leaves a folder alone.
+  /// Removes the file. Does nothing if there is none, or a folder.
   void Delete() const;
 
   /// Opens the existing file for reading text, and reads it to its end. Null when it is not a regular file, cannot be

@@ -132,7 +132,7 @@ class EditField : public RectControl {
   /// unbearably long to show the text: if it has more than 4 million lines, or a line of more than a million
   /// characters, where a character beyond U+02FF counts as a hundred.
   void Text(const String& text);
-  /// Whether there is no text. Unlike a look at Text, this costs the same for every length.
+  /// Whether there is no text. Unlike Text, this takes the same time for every length.
   bool IsEmpty() const;
 
   /// Lets the field accept files of the registered type of that name. A file of another type is refused.

@@ -82,20 +82,20 @@ class GuardedApplication final : public QApplication {
 }  // namespace
 
 #ifdef Q_OS_WIN
-/// Windows announces the end of its session. Then the program may be gone at once, or the end be cancelled: so what
-/// closing keeps is kept now, whichever handler runs, and the program goes on.
+/// Called when Windows announces the end of the session. The program may then be ended at any moment, or the end may be
+/// cancelled. So what closing keeps is kept now, even while a handler runs, and the program goes on.
 void KeepWhatClosingKeeps() {
   onlyAnnounced = true;
   try {
     for (const auto& [className, window] : implicitWindows) window->Event_Close();
-  } catch (const std::exception&) {  // nobody may be there to read why not
+  } catch (const std::exception&) {  // nobody may be there to read an alert
   }
   onlyAnnounced = false;
 }
 #endif
 
 Runtime::Runtime(int& argc, char** argv, const String& id) {
-  // Qt writes its warnings to the terminal; ours is a quiet program. QT_LOGGING_RULES='*=true' brings them back.
+  // Keeps Qt's warnings off the terminal. QT_LOGGING_RULES='*=true' brings them back.
   QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
   QCoreApplication::setApplicationName(ToQString(id));
   QCoreApplication::setApplicationVersion(QStringLiteral(PROGRAM_VERSION));
@@ -132,14 +132,14 @@ void RequestQuit() { QApplication::closeAllWindows(); }
 void RequestQuitBySystem() {
   endedBySystem = true;
   RequestQuit();
-  QCoreApplication::exit();  // of a desktop's own dialog, too, which does not close with the windows
+  QCoreApplication::exit();  // also ends a desktop's own dialog, which does not close with the windows
 }
 
 bool IsEndedBySystem() { return endedBySystem; }
 
 void RuntimeUnhandledException(const std::exception& error) {
   if (endedBySystem) return;
-  // The standard library's own text for a lack of memory is a type name.
+  // For a lack of memory, the standard library's own text is a type name.
   const bool noMemory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
   const QString text = noMemory ? QStringLiteral("There is not enough memory.") : QString::fromUtf8(error.what());
   if (QThread::currentThread()->loopLevel() > 0)

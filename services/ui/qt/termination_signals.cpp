@@ -40,7 +40,7 @@ void CatchTerminationSignals(const std::function<void()>& whenRaised) {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     struct sigaction action = {};
     sigaction(signal, nullptr, &action);
-    if (action.sa_handler == SIG_IGN) continue;  // the program was started so on purpose (nohup)
+    if (action.sa_handler == SIG_IGN) continue;  // ignored since the start, on purpose (nohup)
     action.sa_handler = WriteToPipe;
     action.sa_flags = SA_RESTART;
     sigaction(signal, &action, nullptr);
