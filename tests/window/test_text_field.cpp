@@ -138,11 +138,9 @@ class TestTextField : public QObject {
 
   void tabLeavesTheFieldWhileATextLoads() {
     w_->Drop(kLongText);
-    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
-      w_->txt->setFocus();
-      QTest::keyClick(w_->txt, key);
-      QVERIFY(!w_->txt->hasFocus());
-    }
+    w_->txt->setFocus();
+    QTest::keyClick(w_->txt, Qt::Key_Tab);
+    QVERIFY(!w_->txt->hasFocus());
     QVERIFY(!w_->IsWhole());
   }
 
