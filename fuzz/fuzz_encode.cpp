@@ -1,7 +1,6 @@
 // The fuzzer: any bytes as a text file, through decoding, splitting, normalising and both formats, compared with the
 // model. `fuzz/search SECONDS` builds and runs it.
 #include <sys/mman.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <iostream>
@@ -19,16 +18,13 @@ namespace {
 using namespace celestrix;
 
 /// The file that is written, again and again. It is memory and has no name, so nothing can stay behind.
-const int output = memfd_create("output", MFD_CLOEXEC);
+const QString output = QString("/proc/self/fd/%1").arg(memfd_create("output", MFD_CLOEXEC));
 
 QByteArray WrittenFile(const Ref<StringArray>& lines, ElementFileFormat format) {
-  static const FolderItem file("/proc/self/fd/" + std::to_string(output));
-  const Ref<BinaryStream> stream = file.CreateBinaryFile(*FileTypes1::PDBFile());
+  const Ref<BinaryStream> stream = FolderItem(output.toStdString()).CreateBinaryFile(*FileTypes1::PDBFile());
   WriteElementFile(stream, lines, format);
   stream->Close();
-  QByteArray bytes(lseek(output, 0, SEEK_END), '?');
-  if (pread(output, bytes.data(), static_cast<std::size_t>(bytes.size()), 0) != bytes.size()) std::abort();
-  return bytes;
+  return ReadFile(output);
 }
 
 /// Ends the search where something differs.
