@@ -1,5 +1,5 @@
-// The fuzzer: any bytes as a text file, through decoding, splitting, normalising and both formats, compared with the
-// model. `fuzz/search SECONDS` builds and runs it.
+// The fuzzer: takes any bytes as a text file through decoding, splitting, normalising and both formats, and compares
+// the results with the model. `fuzz/search SECONDS` builds and runs it.
 #include <sys/mman.h>
 
 #include <cstdlib>
@@ -17,7 +17,7 @@ namespace {
 
 using namespace celestrix;
 
-/// The file that is written, again and again. It is memory and has no name, so nothing can stay behind.
+/// The file that is written again and again. It is in memory and has no name, so nothing can be left behind.
 const QString output = QString("/proc/self/fd/%1").arg(memfd_create("output", MFD_CLOEXEC));
 
 QByteArray WrittenFile(const Ref<StringArray>& lines, ElementFileFormat format) {
@@ -36,7 +36,7 @@ void ExpectNone(const QByteArray& difference) {
 
 }  // namespace
 
-// Where memory came from, and a long memory of what has been freed, take a third of the time and help nobody here.
+// Long stack traces of allocations and a large quarantine of freed memory would take a third of the time, for nothing.
 extern "C" const char* __asan_default_options() { return "malloc_context_size=2:quarantine_size_mb=16"; }
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
@@ -46,7 +46,7 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
-  // In a block of its own: the sanitizer sees a step beyond its end.
+  // In a block of its own, so that the sanitizer notices a read beyond its end.
   const String file = String::Build(size, [&](char* room) { return bytes.toStdString().copy(room, size); });
   const String text = ReplaceLineEndings(DecodeText(file), EndOfLine());
   const QString expected = model::TextOfFile(bytes);

@@ -1,5 +1,5 @@
-// What the program does to a text, said a second time by other means: the toolkit's conversions, lists of lines and
-// data streams, no code in common. The tests and the fuzzer compare with it.
+// What the program does to a text, written a second time by other means: Qt's conversions, string lists and data
+// streams. The two have no code in common. The tests and the fuzzer compare the program with it.
 #pragma once
 
 #include <QDataStream>
@@ -8,7 +8,7 @@
 
 namespace model {
 
-/// Qt itself knows Windows-1252 on some systems only.
+/// Qt itself supports Windows-1252 on some systems only.
 inline QString FromWindows1252(const QByteArray& bytes) {
   const QString from80 = "€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ";
   QString text = QString::fromLatin1(bytes);
@@ -30,7 +30,7 @@ inline QString TextOfFile(const QByteArray& bytes) {
   return text.replace("\r\n", "\n").replace('\r', '\n');
 }
 
-/// The file that saving the text makes.
+/// The file that is made when the text is saved.
 inline QByteArray SavedFile(const QString& text, bool palm) {
   QByteArray data, header;
   for (const QString& line : text.split('\n')) {

@@ -1,7 +1,7 @@
 // Whether two element files are the same, and if not, where they differ: the offset, the field, the bytes there.
 //
-// The names of the fields come from the dumps in tests/data, one file in each format that anybody can follow byte by
-// byte. In a file of more sets the names are those of the first one, with the number of the set.
+// The names of the fields come from the dumps in tests/data, one file in each format, explained byte by byte. In a file
+// of more sets, each set has the names of the first one, with its own number.
 #pragma once
 
 #include <QFile>
@@ -41,7 +41,7 @@ inline QString FieldAt(qsizetype offset, const QByteArray& file) {
   return format + QString("set %1, line %2, column %3").arg(data / 213 + 1).arg(data % 213 / 71 + 1).arg(data % 71 + 1);
 }
 
-/// The first difference, in words; "" where there is none.
+/// The first difference, in words; "" if there is none.
 inline QByteArray Difference(const QByteArray& actual, const QByteArray& expected) {
   if (actual == expected) return "";
   const qsizetype at = std::ranges::mismatch(actual, expected).in1 - actual.begin();

@@ -1,4 +1,4 @@
-// What stands at a place of the file system: read, created, or why not; on a system that speaks another language.
+// Files are read and created, or the reason why not is given, on a system in another language.
 #include "services/base/folder_item.h"
 
 #include <sys/stat.h>
@@ -8,7 +8,7 @@
 
 using namespace celestrix;
 
-/// In place of the C library's: what the system says to those who do not ask for English.
+/// Replaces the C library's: the system's text if English is not asked for.
 extern "C" char* strerror(int /*error*/) noexcept {
   static char german[] = "Es ging nicht";
   return german;

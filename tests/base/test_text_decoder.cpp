@@ -9,8 +9,8 @@ class TestTextDecoder : public QObject {
   Q_OBJECT
 
  private slots:
-  // Every first byte, second ones at the limits of the rules, and what may come next; at the start, behind each mark,
-  // and behind ASCII, which is skipped many bytes at a time.
+  // Every first byte, second bytes at the limits of the rules, and what may follow; at the start, after each mark, and
+  // after ASCII, which is skipped many bytes at a time.
   void allBytesAreDecodedAsTheModelSays() {
     const QByteArrayList starts = {"",         "\xEF\xBB\xBF",      "\xFE\xFF",
                                    "\xFF\xFE", QByteArray(63, 'a'), QByteArray(64, 'a')};

@@ -1,11 +1,11 @@
-# To be sourced: what the tests of the desktop share. It goes to the project's folder.
+# To be sourced: what the tests of the desktop share. Changes to the project's folder.
 # shellcheck shell=bash disable=SC2034
 
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 source scripts/display.sh
 patience=60
 
-# need COMMAND...: without these commands, or files, the test is skipped.
+# need COMMAND...: skips the test if one of these commands or files is missing.
 need() {
   local tool
   for tool; do
@@ -14,7 +14,7 @@ need() {
 }
 need Xvfb openbox xdotool xclip import convert
 
-# talk_to COMMAND...: in the background, over $to_helper and $from_helper.
+# talk_to COMMAND...: runs it in the background, with $to_helper and $from_helper as its input and output.
 talk_to() {
   coproc "$@" 2>>"$work/log"
   helpers+=("$COPROC_PID")
@@ -23,12 +23,12 @@ talk_to() {
 
 promise() { promise=$1; }
 
-# same WHAT EXPECTED CAME: fails unless both files hold the same, and shows the first lines that differ.
+# same WHAT EXPECTED CAME: fails if the two files differ, and shows the first lines that do.
 same() {
   cmp -s "$2" "$3" || fail "$1: expected (<) and came (>):"$'\n'"$(diff -a "$2" "$3" | head -n 6 | cat -A)"
 }
 
-# field_holds FILE: asks the field by copying all of it, until it has what is expected.
+# field_holds FILE: copies the whole field until it has the text of the file.
 field_holds() {
   local end=$((SECONDS + patience))
   click field

@@ -21,7 +21,7 @@ def ask(connection, _caller, _path, _interface, _method, _arguments, invocation)
     pathlib.Path(sys.argv[1] + ".called").touch()
     invocation.return_value(GLib.Variant("(o)", (REQUEST,)))
     if len(sys.argv) > 2:
-        # The caller listens from when it has the return value on, so it is told until it hears.
+        # The caller listens only after it has got the return value, so the answer is repeated.
         GLib.timeout_add(100, answer, connection)
 
 

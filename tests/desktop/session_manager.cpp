@@ -1,5 +1,5 @@
-// A session manager for one program. It writes the address for SESSION_MANAGER, then "registered" and, each time that
-// the program has saved itself, "saved"; it obeys the lines "shutdown", "cancel" and "die".
+// A session manager for one program. It writes the address for SESSION_MANAGER, then "registered", and "saved" each
+// time that the program has saved its state. It obeys the lines "shutdown", "cancel" and "die".
 #include <X11/ICE/ICElib.h>
 #include <X11/SM/SMlib.h>
 #include <poll.h>
@@ -14,7 +14,7 @@ SmsConn client = nullptr;
 
 void Say(const char* what) { std::cout << what << std::endl; }
 
-/// Answers what Qt says, and nothing else of the protocol.
+/// Answers only those messages of the protocol that Qt sends.
 Status Welcome(SmsConn connection, SmPointer, unsigned long* answered, SmsCallbacks* answers, char**) {
   client = connection;
   std::memset(answers, 0, sizeof *answers);
@@ -50,7 +50,7 @@ int main() {
     std::cerr << error << std::endl;
     return 1;
   }
-  IceSetIOErrorHandler([](IceConn) {});  // the program's end does not end this one
+  IceSetIOErrorHandler([](IceConn) {});  // or the end of the program would end the session manager
   IceListenObj place = places[count - 1];
   IceSetHostBasedAuthProc(place, [](char*) { return Bool{True}; });
   Say(IceComposeNetworkIdList(1, &place));

@@ -1,5 +1,5 @@
-# To be sourced after scripts/display.sh: its display, hand and eye for Wayland. sway shows its screen on the display
-# in memory, where mouse, keys and pictures are the same as for X11.
+# To be sourced after scripts/display.sh, for Wayland instead of X11. sway shows its screen on the virtual display, so
+# mouse, keys and pictures are the same as for X11.
 # shellcheck shell=bash
 
 need sway wl-copy jq
@@ -7,7 +7,7 @@ need sway wl-copy jq
 start_display() {
   local as_nobody=()
   start_xvfb
-  # sway refuses root.
+  # sway does not run as root.
   ((EUID != 0)) || as_nobody=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
   mkdir -m 700 "$work/sway"
   cat >"$work/sway/config" <<'END'
@@ -32,7 +32,7 @@ END
   environment+=(WAYLAND_DISPLAY="$WAYLAND_DISPLAY" QT_QPA_PLATFORM=wayland)
 }
 
-# windows FILTER VALUE: what jq makes of those that sway has.
+# windows FILTER VALUE: the output of this jq filter for sway's windows.
 windows() { swaymsg -r -t get_tree | jq -er ".. | objects | select(.pid) | $1"; }
 
 window_named() { windows "select(.name == \"$1\").id"; }

@@ -1,7 +1,7 @@
-# To be sourced, in the project's folder: a second build of what is given to people, for a comparison with the first.
+# To be sourced, in the project's folder: a second build of the packages, to compare with the first.
 # shellcheck shell=bash
 
-# pack_again PRESET FOLDER: makes the preset's packages in FOLDER, elsewhere, later, and from files with other times.
+# pack_again PRESET FOLDER: makes the preset's packages in FOLDER, from a copy of the sources with other times.
 pack_again() {
   local copy=$2/elsewhere
   mkdir -p "$copy/build"

@@ -12,14 +12,14 @@
 
 using namespace celestrix;
 
-/// Lines of element sets, with a mark in front of each, as when files were joined together.
+/// Lines of element sets, with a byte order mark before each set, as in files that have been joined.
 const QString kLongText =
     (QStringLiteral("\uFEFFSAT \U0001F6F0 é\n") + QString(71, '1') + "\n").repeated(12000) + "end";
 
 inline void CopyElsewhere(const QString& text) { QGuiApplication::clipboard()->setText(text); }
 
-/// The window, whose user answers whatever is shown, so that nothing waits for it for ever: a dialog gets the next
-/// file, a question "Yes", and alerts are read and closed.
+/// The window and a user who answers everything, so that nothing waits forever: a dialog gets the next file, a question
+/// "Yes", and alerts are read and closed.
 class TestedWindow final : public QObject {
  public:
   Ref<Window1> window = Window1::Shared();
@@ -59,14 +59,14 @@ class TestedWindow final : public QObject {
   bool IsWhole() { return static_cast<TextField*>(txt)->IsWhole(); }
   QAction* Command(const char* name) { return frame->findChild<QAction*>(name); }
 
-  /// Drags it over the field and drops it there. What became of it: "copied", "refused" or a fault.
+  /// Drags it over the field and drops it there. Returns the outcome: "copied", "refused" or a fault.
   QString Drop(const QString& text, const QStringList& files = {}, Qt::DropActions offered = ~Qt::DropActions()) {
     QMimeData mime;
     if (!text.isNull()) mime.setText(text);
     if (!files.isEmpty()) mime.setUrls(QUrl::fromStringList(files));
     const QString before = Text();
     for (const auto type : {QEvent::DragEnter, QEvent::DragMove, QEvent::Drop}) {
-      // With Shift, as a user holds it who would rather move it.
+      // Shift asks for a move.
       QDragMoveEvent event(QPoint(50, 50), offered, &mime, Qt::LeftButton, Qt::ShiftModifier, type);
       QCoreApplication::sendEvent(txt->viewport(), &event);
       if (!event.isAccepted()) return type == QEvent::DragEnter ? "refused" : "refused on the way";
@@ -77,14 +77,14 @@ class TestedWindow final : public QObject {
     return "copied";
   }
 
-  /// Clicks a button whose handler asks for a file, and gives that one; an empty one cancels.
+  /// Clicks a button whose handler asks for a file, and chooses this one; an empty name cancels.
   void Click(QPushButton* button, const QString& path) {
     files_ = QStringList(path);
     QTest::mouseClick(button, Qt::LeftButton);
   }
   static void Choose(QRadioButton* button) { QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, 10)); }
 
-  /// What the next alert says; nothing where none comes.
+  /// What the next alert says; empty if there is none.
   QString NextAlert() {
     const bool came = QTest::qWaitFor([&] { return !alerts_.isEmpty(); }, 20000);
     return came ? alerts_.takeFirst() : "";

@@ -1,5 +1,5 @@
-// A user who does everything in any order, and a twin: a bare field of Qt that gets the same keys, clicks, commands and
-// texts. After each deed the window must be as the twin says.
+// A user who does everything in any order, and a twin: a plain field of Qt that gets the same keys, clicks, commands
+// and texts. After each action the window must agree with the twin.
 //
 // The order comes from a seed. CELESTRIX_SEED repeats a run.
 #include "tests/window/fixture.h"

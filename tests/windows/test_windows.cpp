@@ -1,5 +1,5 @@
-// What is Windows' own: long paths in any letters, what the alerts say, files of other machines, the look of the
-// window, and the session's end.
+// What differs on Windows: long paths with any letters, the text of alerts, files on other machines, the look of the
+// window, and the end of the session.
 #include <share.h>
 #include <windows.h>
 
