@@ -68,6 +68,28 @@ class TestTextField : public QObject {
     QCOMPARE(w_->Text(), "é");
   }
 
+  void aPasteTakesThePlaceOfTheSelectionAsOneStep() {
+    w_->Drop("before [selected\nlines] after");
+    QTextCursor selection = w_->txt->textCursor();
+    selection.setPosition(7);
+    selection.setPosition(23, QTextCursor::KeepAnchor);
+    w_->txt->setTextCursor(selection);
+    CopyElsewhere(kLongText);
+    QTest::keyClick(w_->txt, Qt::Key_V, Qt::ControlModifier);
+    const QString pasted = "before " + kLongText + " after";
+    QCOMPARE(w_->Text(), pasted);
+    QVERIFY(!w_->IsWhole());  // what it will be is told before it is shown
+    QTRY_VERIFY(w_->IsWhole());
+    QCOMPARE(w_->Text(), pasted);
+    QCOMPARE(w_->txt->textCursor().position(), 7 + kLongText.size());
+    QVERIFY(w_->txt->viewport()->rect().contains(w_->txt->cursorRect()));
+    w_->Command("EditUndo")->trigger();
+    QCOMPARE(w_->Text(), "before [selected\nlines] after");
+    QVERIFY(!w_->Command("EditUndo")->isEnabled());
+    w_->txt->redo();
+    QCOMPARE(w_->Text(), pasted);
+  }
+
   // ---- What does not fit
 
   void limits_data() {
