@@ -1,9 +1,8 @@
 #!/usr/bin/python3
 """partner.py KIND FILE: another program. Its upper half is dragged, the lower one takes drops.
 
-What is dragged is, by KIND, the FILE's "text", the FILE itself ("file"), or a text that is announced and never comes,
-because the program "hangs". When that is asked for, there is a file .asked beside FILE; a dropped text goes
-into one with .dropped.
+What is dragged is, by KIND, the FILE's "text", or a text that is announced and never comes, because the program
+"hangs". When that is asked for, there is a file .asked beside FILE; a dropped text goes into one with .dropped.
 """
 import os
 import pathlib
@@ -23,8 +22,6 @@ def hand_out(_widget, _context, selection, _info, _time):
     file.with_suffix(".asked").touch()
     if kind == "hangs":
         os.kill(os.getpid(), signal.SIGSTOP)
-    elif kind == "file":
-        selection.set_uris([file.as_uri()])
     else:
         selection.set_text(file.read_text(), -1)
 
@@ -35,7 +32,7 @@ def take(_widget, _context, _left, _top, selection, _info, _time):
 
 source, target = Gtk.Button(label="Drag"), Gtk.Button(label="Drop")
 source.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [], Gdk.DragAction.COPY)
-source.drag_source_add_uri_targets() if kind == "file" else source.drag_source_add_text_targets()
+source.drag_source_add_text_targets()
 source.connect("drag-data-get", hand_out)
 target.drag_dest_set(Gtk.DestDefaults.ALL, [], Gdk.DragAction.COPY)
 target.drag_dest_add_text_targets()

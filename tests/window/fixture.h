@@ -111,6 +111,7 @@ class TestedWindow final : public QObject {
   }
 
   void Answer(QFileDialog& dialog) {
+    QVERIFY2(dialog.parentWidget() == frame, "the dialog does not belong to the window");
     if (inDialog) std::exchange(inDialog, nullptr)(dialog);
     const QString file = files_.takeFirst();
     dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file);

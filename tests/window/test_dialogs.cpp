@@ -22,8 +22,10 @@ class TestDialogs : public QObject {
     QTest::addColumn<bool>("palm");
     QTest::addColumn<QString>("filter");
     QTest::addColumn<QString>("proposed");
-    QTest::newRow("Palm") << true << "PDB (*.pdb *.[pP][dD][bB])" << u"celestrix_satellites.pdb"_qs;
-    QTest::newRow("Pocket PC") << false << "PPC (*.ppc *.[pP][pP][cC])" << u"celestrix_satellites.ppc"_qs;
+    QTest::newRow("Palm") << true << "PDB (*.pdb *.[pP][dD][bB])"
+                          << "celestrix_satellites.pdb";
+    QTest::newRow("Pocket PC") << false << "PPC (*.ppc *.[pP][pP][cC])"
+                               << "celestrix_satellites.ppc";
   }
   void asksWhereToSave() {
     QFETCH(bool, palm);
