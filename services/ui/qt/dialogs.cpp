@@ -38,7 +38,7 @@ Ref<FolderItem> ChosenIn(QFileDialog& dialog) {
   const QUrl chosen = dialog.selectedUrls().value(0);
   const QString path = LocalFile(chosen);
   if (path.isEmpty())
-    throw RuntimeException("“" + chosen.toDisplayString().toStdString() + "” is not a file of this computer.");
+    throw RuntimeException("“" + chosen.toDisplayString().toStdString() + "” is not a file on this computer.");
   const QFileInfo file(path);
   lastFolder = file.absolutePath();
   return New<FolderItem>(file.filesystemAbsoluteFilePath());
