@@ -99,7 +99,8 @@ String TextField::Text() {
   loader_.AwaitWaiting();  // what the user has typed or pasted before this call belongs to the text
   if (unedited_) return *unedited_;
   QString raw = document()->toRawText();
-  return FromQString(WithLineFeeds(raw.insert(loader_.Place(), ToQString(loader_.Rest()))));
+  raw.insert(loader_.Place(), ToQString(loader_.Rest()));
+  return FromQString(WithLineFeeds(std::move(raw)));  // moved: with a copy it takes 1.5 times as long
 }
 
 void TextField::SetText(const String& text) {
