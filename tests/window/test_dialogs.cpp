@@ -58,8 +58,8 @@ class TestDialogs : public QObject {
 
   void saysThatThereIsNoMemory() {
     TestedWindow w;
-    QMetaObject::invokeMethod(
-        qApp, [] { throw std::bad_alloc(); }, Qt::QueuedConnection);
+    const auto fail = [] { throw std::bad_alloc(); };
+    QMetaObject::invokeMethod(qApp, fail, Qt::QueuedConnection);
     QCOMPARE(w.NextAlert(), "There is not enough memory.");
   }
 
