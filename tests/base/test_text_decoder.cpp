@@ -14,12 +14,12 @@ class TestTextDecoder : public QObject {
   void allBytesAreDecodedAsTheModelSays() {
     const QByteArrayList starts = {"",         "\xEF\xBB\xBF",      "\xFE\xFF",
                                    "\xFF\xFE", QByteArray(63, 'a'), QByteArray(64, 'a')};
-    const QByteArray seconds("\0\x07\x0A\x7F\x80\x8F\x90\x9F\xA0\xBF\xC0\xD8\xDC", 13);
+    const QByteArray seconds("\0\x07\x0A\x7F\x80\x8D\x8F\x90\x9F\xA0\xBF\xC0\xD8\xDC", 14);
     const QByteArray ends("|\x7F|\x80|\xBF\xBF|\xDC\0|\0\xDC|\xD8\0|\x80\x7F|", 20);
     const QByteArrayList tails = (ends + QByteArray(62, 'a')).split('|');
     for (const QByteArray& start : starts)
-      for (qsizetype i = 0; i < 256 * 13 * tails.size(); ++i) {
-        const QByteArray bytes = start + char(i % 256) + seconds[i / 256 % 13] + tails[i / 256 / 13];
+      for (qsizetype i = 0; i < 256 * seconds.size() * tails.size(); ++i) {
+        const QByteArray bytes = start + char(i % 256) + seconds[i / 256 % 14] + tails[i / 256 / 14];
         const QByteArray text = Bytes(ReplaceLineEndings(DecodeText(Text(bytes)), EndOfLine()));
         const QByteArray expected = model::TextOfFile(bytes).toUtf8();
         QVERIFY2(text == expected, bytes.toHex(' ') + " became " + text.toHex(' ') + ", not " + expected.toHex(' '));
