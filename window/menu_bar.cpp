@@ -6,13 +6,14 @@ namespace {
 
 Ref<MenuBar1> shared;
 
-template <class Item>
-Ref<MenuItem> NewItem(const String& name, const String& text, const String& shortcut) {
+template <class Item = MenuItem>
+Ref<MenuItem> Add(MenuItem& menu, const String& name, const String& text, const String& shortcut = {}) {
   Ref<Item> item = New<Item>();
   item->Name = name;
   item->Text = text;
   item->KeyboardShortcut = shortcut;
   item->AutoEnable = true;
+  menu.Append(item);
   return item;
 }
 
@@ -24,23 +25,20 @@ MenuBar1::MenuBar1() {
 }
 
 void MenuBar1::Untitled0() {
-  Append(NewItem<MenuItem>("FileMenu"_s, "&File"_s, {}));
-  Child("FileMenu"_s)->Append(NewItem<QuitMenuItem>("FileQuit"_s, "&Quit"_s, "Cmd+Q"_s));
+  const Ref<MenuItem> file = Add(*this, "FileMenu"_s, "&File"_s);
+  Add<QuitMenuItem>(*file, "FileQuit"_s, "&Quit"_s, "Cmd+Q"_s);
 }
 
 void MenuBar1::Untitled1() {
-  Append(NewItem<MenuItem>("EditMenu"_s, "&Edit"_s, {}));
-  const auto append = [this](const String& name, const String& text, const String& shortcut) {
-    Child("EditMenu"_s)->Append(NewItem<MenuItem>(name, text, shortcut));
-  };
-  append("EditUndo"_s, "&Undo"_s, "Cmd+Z"_s);
-  append({}, "-"_s, {});
-  append("EditCut"_s, "Cu&t"_s, "Cmd+X"_s);
-  append("EditCopy"_s, "&Copy"_s, "Cmd+C"_s);
-  append("EditPaste"_s, "&Paste"_s, "Cmd+V"_s);
-  append("EditClear"_s, "&Delete"_s, {});  // the framework's name for the command, and our text for it
-  append({}, "-"_s, {});
-  append("EditSelectAll"_s, "Select &All"_s, "Cmd+A"_s);
+  const Ref<MenuItem> edit = Add(*this, "EditMenu"_s, "&Edit"_s);
+  Add(*edit, "EditUndo"_s, "&Undo"_s, "Cmd+Z"_s);
+  Add(*edit, {}, "-"_s);
+  Add(*edit, "EditCut"_s, "Cu&t"_s, "Cmd+X"_s);
+  Add(*edit, "EditCopy"_s, "&Copy"_s, "Cmd+C"_s);
+  Add(*edit, "EditPaste"_s, "&Paste"_s, "Cmd+V"_s);
+  Add(*edit, "EditClear"_s, "&Delete"_s);  // the framework's name for the command, and our text for it
+  Add(*edit, {}, "-"_s);
+  Add(*edit, "EditSelectAll"_s, "Select &All"_s, "Cmd+A"_s);
 }
 
 Ref<MenuBar1> MenuBar1::Shared() {

@@ -12,20 +12,18 @@ namespace celestrix {
 
 class BackgroundTask {
  public:
-  using Task = std::function<void()>;
-
   /// This many passes take less than a millisecond; the cost of the task is small against theirs.
   static constexpr std::int32_t kPassesPerRun = 1024;
 
   /// Sets the task, which replaces an earlier one and runs at the next pass. Without a task a yield does nothing.
-  static void Install(Task task) {
+  static void Install(std::function<void()> task) {
     task_ = std::move(task);
     passesLeft_ = 0;
   }
 
  private:
   friend void RuntimeBackgroundTask();
-  static inline Task task_;
+  static inline std::function<void()> task_;
   static inline std::int32_t passesLeft_ = 0;
 };
 

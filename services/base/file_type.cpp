@@ -1,6 +1,5 @@
 #include "services/base/file_type.h"
 
-#include <algorithm>
 #include <deque>
 
 namespace celestrix {
@@ -9,15 +8,7 @@ namespace {
 
 std::deque<FileType> registeredTypes;  // a deque: references to its elements stay valid
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 }  // namespace
-
-bool FileType::Matches(std::string_view fileName) const {
-  const std::string_view extension = Extensions.Bytes();
-  if (fileName.size() < extension.size()) return false;
-  return std::ranges::equal(fileName.substr(fileName.size() - extension.size()), extension, {}, LowerAscii, LowerAscii);
-}
 
 FileType::operator String() {
   if (!registered_) RuntimeRegisterFileType(*this);

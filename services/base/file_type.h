@@ -21,9 +21,6 @@ class FileType {
   /// change afterwards.
   operator String();
 
-  /// Whether a file of that name is of this type: it has the extension, in upper or lower case.
-  bool Matches(std::string_view fileName) const;
-
  private:
   bool registered_ = false;
 };

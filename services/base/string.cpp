@@ -39,12 +39,10 @@ std::size_t SpaceAt(bool end, std::string_view text) {
 
 }  // namespace
 
-String::String(std::string_view bytes) {
-  if (bytes.size() <= kLongestShortString)
-    *this = InSharedBlock(bytes);
-  else
-    *this = Build(bytes.size(), [bytes](char* room) { return bytes.copy(room, bytes.size()); });
-}
+String::String(std::string_view bytes)
+    : String(bytes.size() <= kLongestShortString ? InSharedBlock(bytes) : Build(bytes.size(), [bytes](char* room) {
+        return bytes.copy(room, bytes.size());
+      })) {}
 
 String String::InSharedBlock(std::string_view bytes) {
   static Block block;
@@ -91,8 +89,7 @@ Ref<StringArray> Split(const String& text, const String& delimiter) {
   auto pieces = New<StringArray>();
   pieces->Reserve(bytes.size() / kUsualPieceSize + 1);
   std::size_t begin = 0;
-  for (std::size_t end = 0; (end = bytes.find(separator, begin)) != std::string_view::npos;
-       begin = end + separator.size())
+  for (std::size_t end = 0; (end = bytes.find(separator, begin)) != bytes.npos; begin = end + separator.size())
     pieces->Append(text.Slice(begin, end - begin));
   pieces->Append(text.Slice(begin));
   return pieces;
@@ -113,8 +110,7 @@ std::int32_t Asc(const String& text) {
 String Chr(std::int32_t code) {
   constexpr std::int32_t kLastCode = 127;
   if (code < 0 || code > kLastCode) RaiseOutOfBoundsException(code, kLastCode);
-  const char character = static_cast<char>(code);
-  return String({&character, 1});
+  return String(std::string(1, static_cast<char>(code)));
 }
 
 double Val(const String& text) {
@@ -135,15 +131,11 @@ std::int32_t RuntimeCvtReal64ToSInt32(double number) {
 
 String ReplaceAll(const String& text, const String& from, const String& to) {
   const std::string_view bytes = text.Bytes(), old = from.Bytes();
-  std::size_t at = bytes.find(old);
-  if (at == std::string_view::npos) return text;
   std::string replaced;
   std::size_t done = 0;
-  for (; at != std::string_view::npos; at = bytes.find(old, done)) {
+  for (std::size_t at = 0; (at = bytes.find(old, done)) != bytes.npos; done = at + old.size())
     replaced.append(bytes, done, at - done).append(to.Bytes());
-    done = at + old.size();
-  }
-  return String(replaced.append(bytes, done));
+  return done == 0 ? text : String(replaced.append(bytes, done));
 }
 
 String ReplaceLineEndings(const String& text, const String& lineEnding) {

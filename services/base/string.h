@@ -40,6 +40,7 @@ class String {
   /// The bytes from `begin` on, at most `size` of them, shared with this string.
   String Slice(std::size_t begin, std::size_t size = kMaxSize) const;
 
+  /// The number of bytes.
   friend std::int32_t LenB(const String& text) { return text.size_; }
   friend bool operator==(const String& a, const String& b) { return a.Bytes() == b.Bytes(); }
 
@@ -57,9 +58,6 @@ class String {
 
 /// A literal as a String, without a copy.
 inline String operator""_s(const char* data, std::size_t size) { return String::OfStaticBytes(data, size); }
-
-/// The number of bytes of the string.
-std::int32_t LenB(const String& text);
 
 /// The bytes of the first followed by the bytes of the second. Raises RuntimeException if the result
 /// would exceed String::kMaxSize.

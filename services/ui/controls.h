@@ -84,25 +84,24 @@ class RectControl : public Control {
  protected:
   friend void _SetProperties(const Ref<RectControl>&, const ControlProperties&);
 
-  /// Makes the widget inside the given parent, which then owns it, and adopts it.
-  virtual void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) = 0;
-  void Adopt(const ToolkitWidget& widget, const ControlProperties& properties);
+  /// Makes the widget inside the given parent, which then owns it.
+  virtual ToolkitWidget MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) = 0;
 
   std::shared_ptr<ToolkitWidget> widget_;
 };
 
 class StaticText : public RectControl {
-  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
+  ToolkitWidget MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
 /// The frame around a set of radio buttons.
 class GroupBox : public RectControl {
-  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
+  ToolkitWidget MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
 /// Raises "Action" when it is pushed.
 class PushButton : public RectControl {
-  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
+  ToolkitWidget MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
 /// One choice of several: choosing it clears the others of the same parent. A user's click is queued with the
@@ -113,7 +112,7 @@ class RadioButton : public RectControl {
   void Value(bool chosen);
 
  private:
-  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
+  ToolkitWidget MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
 /// The text field. Raises
@@ -141,7 +140,7 @@ class EditField : public RectControl {
   void AcceptTextDrop();
 
  private:
-  void MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
+  ToolkitWidget MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
 /// Applies a layout's properties to a control that has been added to its window. Must be called before the window is

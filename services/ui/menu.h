@@ -28,8 +28,6 @@ class MenuItem {
 
   void Append(const Ref<MenuItem>& item) { items_.push_back(item); }
   const std::vector<Ref<MenuItem>>& Items() const { return items_; }
-  /// The item of that name directly below this one; null when there is none.
-  Ref<MenuItem> Child(const String& name) const;
   /// The item of that name anywhere below this one; null when there is none.
   Ref<MenuItem> Descendant(const String& name) const;
 

@@ -3,12 +3,12 @@
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStyle>
 #include <QStyleOptionButton>
 
+#include "services/base/file_type.h"
 #include "services/ui/event_queue.h"
 #include "services/ui/qt/strings.h"
 #include "services/ui/qt/text_field.h"
@@ -84,9 +84,7 @@ class ChoiceButton final : public QRadioButton {
 
  protected:
   void nextCheckState() override {
-    RaiseEvent([button = QPointer(this)] {
-      if (button) button->setChecked(true);
-    });
+    RaiseEvent([this] { setChecked(true); });
   }
 };
 
@@ -112,17 +110,10 @@ Ref<Window> RuntimeSwapSelfAndMe(const Ref<Control>& me) { return me->window_.lo
 
 void RectControl::Enabled(bool enabled) { widget_->widget->setEnabled(enabled); }
 
-void RectControl::Adopt(const ToolkitWidget& widget, const ControlProperties& properties) {
-  widget_ = std::make_shared<ToolkitWidget>(widget);
-  widget.widget->setObjectName(QString::fromUtf8(properties.Name));
-  widget.widget->setEnabled(properties.Enabled);
-}
-
 // ---- The controls
 
-void StaticText::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+ToolkitWidget StaticText::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* label = new QLabel(QString::fromUtf8(properties.Caption), parent.widget);
-  Adopt({label}, properties);
   label->setTextFormat(Qt::PlainText);
   label->setWordWrap(true);
   label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -130,39 +121,39 @@ void StaticText::MakeWidget(const ToolkitWidget& parent, const ControlProperties
   new ThemeGuard(label, properties.TextSize, [label, width = properties.Width, height = properties.Height] {
     return label->heightForWidth(width) <= height;
   });
+  return {label};
 }
 
-void GroupBox::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+ToolkitWidget GroupBox::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* box = new QGroupBox(QString::fromUtf8(properties.Caption), parent.widget);
-  Adopt({box}, properties);
-  new ThemeGuard(box, properties.TextSize,
-                 [box, width = properties.Width] { return box->minimumSizeHint().width() <= width; });
+  SetTextSize(*box, properties.TextSize);
+  return {box};
 }
 
-void PushButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+ToolkitWidget PushButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* button = new QPushButton(QString::fromUtf8(properties.Caption), parent.widget);
-  Adopt({button}, properties);
   GuardButton(button, properties, QStyle::SE_PushButtonContents);
   QObject::connect(button, &QPushButton::clicked, button, [this] { Raise("Action"); });
+  return {button};
 }
 
-void RadioButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+ToolkitWidget RadioButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* button = new ChoiceButton(QString::fromUtf8(properties.Caption), parent.widget);
-  Adopt({button}, properties);
   GuardButton(button, properties, QStyle::SE_RadioButtonContents);
+  return {button};
 }
 
 bool RadioButton::Value() const { return static_cast<const QRadioButton&>(*widget_->widget).isChecked(); }
 void RadioButton::Value(bool chosen) { static_cast<QRadioButton&>(*widget_->widget).setChecked(chosen); }
 
-void EditField::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
-  const auto textChanged = [this] { Raise("TextChange"); };
-  const auto dropped = [this](const Ref<DragItem>& item) { Raise("DropObject", {item, Qt::CopyAction}); };
-  auto* field = new TextField(parent.widget, {textChanged, dropped});
-  Adopt({field}, properties);
+ToolkitWidget EditField::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
+  auto* field = new TextField(parent.widget);
+  field->onTextChanged = [this] { Raise("TextChange"); };
+  field->onDrop = [this](const Ref<DragItem>& item) { Raise("DropObject", {item, Qt::CopyAction}); };
   SetColor(*field, QPalette::Text, properties.TextColor);
   SetColor(*field, QPalette::Base, properties.BackColor);
   SetTextSize(*field, properties.TextSize);
+  return {field};
 }
 
 String EditField::Text() { return FieldIn(widget_).Text(); }
@@ -170,7 +161,7 @@ void EditField::Text(const String& text) { FieldIn(widget_).SetText(text); }
 bool EditField::IsEmpty() const { return FieldIn(widget_).IsEmpty(); }
 
 void EditField::AcceptFileDrop(const String& fileType) {
-  FieldIn(widget_).AcceptFiles(RegisteredFileTypeNamed(fileType));
+  FieldIn(widget_).AcceptFiles(RegisteredFileTypeNamed(fileType).Extensions);
 }
 void EditField::AcceptTextDrop() { FieldIn(widget_).AcceptText(); }
 

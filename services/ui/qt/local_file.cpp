@@ -6,9 +6,8 @@
 namespace celestrix {
 
 QString LocalFile(QUrl address) {
-  const QString host = address.host();
-  const auto isHost = [&](const QString& name) { return host.compare(name, Qt::CaseInsensitive) == 0; };
-  if (isHost(QStringLiteral("localhost")) || isHost(QSysInfo::machineHostName())) address.setHost({});
+  for (const QString& here : {QStringLiteral("localhost"), QSysInfo::machineHostName()})
+    if (address.host().compare(here, Qt::CaseInsensitive) == 0) address.setHost({});
 #ifndef Q_OS_WIN  // there, what another machine shares is a file like any other
   if (!address.host().isEmpty()) return {};
 #endif

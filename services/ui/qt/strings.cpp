@@ -5,9 +5,8 @@
 namespace celestrix {
 
 QString ToQString(std::string_view utf8) {
-  QStringDecoder decoder(QStringDecoder::Utf8,
-                         QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
-  return decoder(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
+  using Flag = QStringDecoder::Flag;
+  return QStringDecoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom)(QByteArrayView(utf8));
 }
 
 String FromQString(QStringView text) {

@@ -7,7 +7,6 @@
 #include <algorithm>
 
 #include "services/ui/qt/local_file.h"
-#include "services/ui/qt/strings.h"
 
 namespace celestrix {
 
@@ -18,7 +17,7 @@ constexpr int kMostLineEnds = 1 << 22;
 // In a line of a million plain characters, Qt needs some 0.5 s for each key. Characters beyond U+02FF, whose first byte
 // is this one or a greater one, may take a hundred times as long.
 constexpr std::size_t kLongestLine = 1'000'000;
-constexpr std::size_t kCostOfOther = 100;
+constexpr std::ptrdiff_t kCostOfOther = 100;
 constexpr unsigned char kFirstByteOfOther = 0xCC;
 
 constexpr char kUtf8Text[] = "text/plain;charset=utf-8";
@@ -37,9 +36,9 @@ QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparato
 /// The number of plain characters that take Qt as long as this line.
 std::size_t CostOf(std::string_view line) {
   const auto isFirst = [](unsigned char byte) { return (byte & 0xC0) != 0x80; };
-  const auto isFirstOfOther = [=](unsigned char byte) { return isFirst(byte) && byte >= kFirstByteOfOther; };
-  return static_cast<std::size_t>(std::ranges::count_if(line, isFirst)) +
-         (kCostOfOther - 1) * static_cast<std::size_t>(std::ranges::count_if(line, isFirstOfOther));
+  const auto isFirstOfOther = [](unsigned char byte) { return byte >= kFirstByteOfOther; };
+  return static_cast<std::size_t>(std::ranges::count_if(line, isFirst) +
+                                  (kCostOfOther - 1) * std::ranges::count_if(line, isFirstOfOther));
 }
 
 /// Raises RuntimeException if it would take Qt unbearably long to show the text together with that many other lines,
@@ -85,7 +84,7 @@ Ref<DragItem> ItemOf(const QMimeData& mime) {
 
 }  // namespace
 
-TextField::TextField(QWidget* parent, Events events) : QPlainTextEdit(parent), events_(std::move(events)) {
+TextField::TextField(QWidget* parent) : QPlainTextEdit(parent) {
   setTabChangesFocus(true);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -108,7 +107,7 @@ void TextField::SetText(const String& text) {
   RequireThatItFits(lines.Bytes(), 0, 0);
   loader_.Load(lines);
   unedited_ = lines;
-  events_.textChanged();
+  onTextChanged();
 }
 
 bool TextField::IsEmpty() const { return document()->isEmpty() && IsWhole(); }
@@ -116,7 +115,7 @@ bool TextField::IsEmpty() const { return document()->isEmpty() && IsWhole(); }
 void TextField::TextWasChanged() {
   if (loader_.IsFilling()) return;
   unedited_.reset();
-  events_.textChanged();
+  onTextChanged();
 }
 
 // Satellites have upper-case names, so Shift is often still held at Return. The line separator that Qt would insert
@@ -143,17 +142,15 @@ bool TextField::HasText(const QMimeData* mime) {
 }
 
 void TextField::insertFromMimeData(const QMimeData* mime) {
-  if (!HasText(mime)) return;
   loader_.WhenWhole([this, text = TextOf(*mime)] {
-    const std::optional<String> lines = Admit(text, textCursor());
-    if (!lines) return;
-    loader_.Insert(*lines);
+    const String lines = Admit(text, textCursor());
+    if (LenB(lines) == 0) return;
+    loader_.Insert(lines);
     TextWasChanged();
   });
 }
 
-std::optional<String> TextField::Admit(const QString& text, const QTextCursor& place) {
-  if (text.isEmpty()) return std::nullopt;
+String TextField::Admit(const QString& text, const QTextCursor& place) {
   try {
     String lines = WithEndOfLines(FromQString(text));
     RequireThatItFits(lines, place);
@@ -162,40 +159,38 @@ std::optional<String> TextField::Admit(const QString& text, const QTextCursor& p
     // The functions of Qt that lead here, such as those of its menus, are not safe against exceptions.
     const auto raise = [error = std::current_exception()] { std::rethrow_exception(error); };
     QMetaObject::invokeMethod(this, raise, Qt::QueuedConnection);
-    return std::nullopt;
+    return {};
   }
 }
 
-// ---- Drops from outside
-
-bool TextField::IsOwnDrag(const QDropEvent& event) const {
-  return event.source() == this || event.source() == viewport();
-}
+// ---- Drops. Drags of the field's own selection are Qt's matter: they come from its viewport.
 
 /// Accepts or refuses a drop, or a drag that may become one. What is accepted is copied.
 void TextField::Judge(QDropEvent* event) const {
   const QMimeData& mime = *event->mimeData();
   const QString file = LocalFile(mime.urls().value(0));
-  const bool fits = file.isEmpty() ? acceptsText_ && HasText(&mime)
-                                   : acceptedFiles_ != nullptr && acceptedFiles_->Matches(file.toStdString());
+  const bool fits = file.isEmpty()
+                        ? acceptsText_ && HasText(&mime)
+                        : !acceptedExtension_.isEmpty() && file.endsWith(acceptedExtension_, Qt::CaseInsensitive);
   event->setDropAction(Qt::CopyAction);
   event->setAccepted(fits && event->possibleActions().testFlag(Qt::CopyAction));
 }
 
 void TextField::dragEnterEvent(QDragEnterEvent* event) {
-  if (IsOwnDrag(*event)) return QPlainTextEdit::dragEnterEvent(event);
+  if (event->source() == viewport()) return QPlainTextEdit::dragEnterEvent(event);
   Judge(event);
 }
 
 void TextField::dragMoveEvent(QDragMoveEvent* event) {
-  if (IsOwnDrag(*event)) return QPlainTextEdit::dragMoveEvent(event);
+  if (event->source() == viewport()) return QPlainTextEdit::dragMoveEvent(event);
   Judge(event);
 }
 
 void TextField::dropEvent(QDropEvent* event) {
-  if (IsOwnDrag(*event)) {
+  if (event->source() == viewport()) {
     // Qt removes the selection from its old place before it inserts it here, so what does not fit is refused first.
-    if (!Admit(TextOf(*event->mimeData()), cursorForPosition(event->position().toPoint()))) return event->ignore();
+    const String lines = Admit(TextOf(*event->mimeData()), cursorForPosition(event->position().toPoint()));
+    if (LenB(lines) == 0) return event->ignore();
     return QPlainTextEdit::dropEvent(event);
   }
   Judge(event);
@@ -203,8 +198,8 @@ void TextField::dropEvent(QDropEvent* event) {
   const Ref<DragItem> item = ItemOf(*event->mimeData());
   if (!item) return event->ignore();
   // The source waits until this returns, so the handler, which may show an alert, runs later.
-  const auto handle = [this, item] { events_.dropped(item); };
-  QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(
+      this, [this, item] { onDrop(item); }, Qt::QueuedConnection);
 }
 
 }  // namespace celestrix

@@ -12,20 +12,19 @@
 #include <QPlainTextEdit>
 #include <optional>
 
-#include "services/base/file_type.h"
 #include "services/ui/drag_item.h"
+#include "services/ui/qt/strings.h"
 #include "services/ui/qt/text_loader.h"
 
 namespace celestrix {
 
 class TextField final : public QPlainTextEdit {
  public:
-  struct Events {
-    std::function<void()> textChanged;
-    std::function<void(const Ref<DragItem>&)> dropped;
-  };
+  explicit TextField(QWidget* parent);
 
-  TextField(QWidget* parent, Events events);
+  // Both must be set.
+  std::function<void()> onTextChanged;               // called whenever the text has changed
+  std::function<void(const Ref<DragItem>&)> onDrop;  // called for each drop that the field accepts
 
   String Text();
   void SetText(const String& text);
@@ -40,7 +39,8 @@ class TextField final : public QPlainTextEdit {
   /// Runs the action now, or when the field is whole.
   void WhenWhole(std::function<void()> action) { loader_.WhenWhole(std::move(action)); }
 
-  void AcceptFiles(const FileType& type) { acceptedFiles_ = &type; }
+  /// Lets the field accept files with that extension, in upper or lower case.
+  void AcceptFiles(const String& extension) { acceptedExtension_ = ToQString(extension); }
   void AcceptText() { acceptsText_ = true; }
 
  protected:
@@ -54,16 +54,14 @@ class TextField final : public QPlainTextEdit {
 
  private:
   void TextWasChanged();
-  /// The text with EndOfLine between its lines, if it can replace what the cursor selects. Nothing if it is empty,
-  /// which is how Qt reports that it did not arrive, or if it does not fit, of which an alert tells the user later.
-  std::optional<String> Admit(const QString& text, const QTextCursor& place);
-  bool IsOwnDrag(const QDropEvent& event) const;
+  /// The text with EndOfLine between its lines, if it can replace what the cursor selects. An empty one if it did not
+  /// arrive, which Qt reports so, or if it does not fit, of which an alert tells the user later.
+  String Admit(const QString& text, const QTextCursor& place);
   void Judge(QDropEvent* event) const;
 
-  Events events_;
   TextLoader loader_{*this};
   std::optional<String> unedited_;  // the text as it was set, until it is edited
-  const FileType* acceptedFiles_ = nullptr;
+  QString acceptedExtension_;       // empty: no files
   bool acceptsText_ = false;
 };
 

@@ -25,57 +25,40 @@ class Content final : public QWidget {
   void SetDesignedSize(QSize size) { designed_ = size; }
 
   void Place(QWidget* widget, const ControlProperties& at) {
-    const bool inGroup = widget->parentWidget() != this;  // then it moves with the group
-    const QPoint origin = inGroup ? widget->parentWidget()->pos() : QPoint();
+    const QPoint origin = widget->parentWidget()->mapTo(this, QPoint());
     widget->setGeometry(QRect(at.Left, at.Top, at.Width, at.Height).translated(-origin));
-    if (inGroup) return;
-    for (const Placed& placed : placed_)
-      if (std::string_view(placed.properties.LabelOf) == at.Name) static_cast<QLabel*>(placed.widget)->setBuddy(widget);
-    placed_.push_back({widget, at});
+    if (widget->parentWidget() != this) return;  // it moves with its group
+    for (const auto& [label, of] : placed_)
+      if (std::string_view(of.LabelOf) == at.Name) static_cast<QLabel*>(label)->setBuddy(widget);
+    placed_.emplace_back(widget, at);
   }
 
  protected:
   void resizeEvent(QResizeEvent* /*event*/) override {
-    for (const Placed& placed : placed_) Arrange(placed);
+    const int wider = width() - designed_.width(), higher = height() - designed_.height();
+    for (const auto& [widget, at] : placed_) {
+      QRect place(at.Left, at.Top, at.Width, at.Height);
+      if ((at.Locks & kRight) != 0) place.adjust((at.Locks & kLeft) != 0 ? 0 : wider, 0, wider, 0);
+      if ((at.Locks & kBottom) != 0) place.adjust(0, (at.Locks & kTop) != 0 ? 0 : higher, 0, higher);
+      widget->setGeometry({place.topLeft(), place.size().expandedTo({0, 0})});
+    }
   }
 
  private:
-  struct Placed {
-    QWidget* widget;
-    ControlProperties properties;
-  };
-
-  void Arrange(const Placed& placed) const {
-    const ControlProperties& at = placed.properties;
-    const int wider = width() - designed_.width(), higher = height() - designed_.height();
-    QRect place(at.Left, at.Top, at.Width, at.Height);
-    if ((at.Locks & kRight) != 0) place.adjust((at.Locks & kLeft) != 0 ? 0 : wider, 0, wider, 0);
-    if ((at.Locks & kBottom) != 0) place.adjust(0, (at.Locks & kTop) != 0 ? 0 : higher, 0, higher);
-    placed.widget->setGeometry({place.topLeft(), place.size().expandedTo({0, 0})});
-  }
-
   QSize designed_;
-  std::vector<Placed> placed_;
+  std::vector<std::pair<QWidget*, ControlProperties>> placed_;
 };
 
 }  // namespace
 
 class Window::Frame final : public QMainWindow {
  public:
-  explicit Frame(Window& window) : window_(window) { setCentralWidget(content_ = new Content(this)); }
+  explicit Frame(Window& window) : window_(window) { setCentralWidget(new Content(this)); }
 
-  Content* ContentPane() { return content_; }
+  Content& ContentPane() { return static_cast<Content&>(*centralWidget()); }
 
-  /// Resizes the window so that its content has that size.
-  void ResizeContent(QSize size) {
-    layout()->activate();
-    resize(size + Surroundings());
-  }
   /// The room that the menu bar takes, if it is in the window at all. In some styles this is not its sizeHint.
-  QSize Surroundings() const {
-    const bool outside = menuWidget() == nullptr || menuBar()->isNativeMenuBar();
-    return {0, outside ? 0 : menuBar()->heightForWidth(width())};
-  }
+  QSize Surroundings() const { return {0, menuBar()->isNativeMenuBar() ? 0 : menuBar()->heightForWidth(width())}; }
 
  protected:
   void closeEvent(QCloseEvent* event) override {
@@ -86,7 +69,6 @@ class Window::Frame final : public QMainWindow {
 
  private:
   Window& window_;
-  Content* content_;
 };
 
 QWidget* ProgramWindow() {
@@ -130,20 +112,24 @@ void Window::AddControl(const String& name, const Ref<RectControl>& control) {
 void _SetProperties(const Ref<Window>& window, const WindowProperties& properties) {
   Window::Frame& frame = *window->frame_;
   frame.setWindowTitle(QString::fromUtf8(properties.Title));
-  frame.ContentPane()->SetDesignedSize({properties.Width, properties.Height});
-  frame.ContentPane()->setMinimumSize(properties.MinWidth, properties.MinHeight);
+  frame.ContentPane().SetDesignedSize({properties.Width, properties.Height});
+  frame.ContentPane().setMinimumSize(properties.MinWidth, properties.MinHeight);
   frame.setMaximumSize(QSize(properties.MaxWidth, properties.MaxHeight) + frame.Surroundings());
-  frame.ResizeContent({properties.Width, properties.Height});
+  frame.layout()->activate();  // the menu bar's height is known only then
+  frame.resize(QSize(properties.Width, properties.Height) + frame.Surroundings());
 }
 
 void _SetProperties(const Ref<RectControl>& control, const ControlProperties& properties) {
   const Ref<Window> window = RuntimeSwapSelfAndMe(control);
-  Content& content = *window->frame_->ContentPane();
+  Content& content = window->frame_->ContentPane();
   const String parent{std::string_view(properties.InitialParent)};
   const bool inWindow = LenB(parent) == 0;
-  control->MakeWidget(inWindow ? ToolkitWidget{&content} : *RuntimeWindowControlByName(window, parent)->widget_,
-                      properties);
-  content.Place(control->widget_->widget, properties);
+  const ToolkitWidget made = control->MakeWidget(
+      inWindow ? ToolkitWidget{&content} : *RuntimeWindowControlByName(window, parent)->widget_, properties);
+  control->widget_ = std::make_shared<ToolkitWidget>(made);
+  made.widget->setObjectName(QString::fromUtf8(properties.Name));
+  made.widget->setEnabled(properties.Enabled);
+  content.Place(made.widget, properties);
 }
 
 Ref<RectControl> RuntimeWindowControlByName(const Ref<Window>& window, const String& name) {
