@@ -1,5 +1,6 @@
 # To be sourced, in the project's folder: a virtual display, the program on it, and what a user does and sees there.
 #
+#   use_display wayland    # x11 if there is no such line
 #   use_program PROGRAM    # a Linux program, or an .exe, which then runs under Wine
 #   start_display
 #   start_program; click browse; answer_dialog FILE; close_program press alt+F4
@@ -23,9 +24,21 @@ display_id=
 program_id=
 helpers=() # other processes that end with the script
 closing=no
+out=$PWD/out
 skipped=77 # the status of a test that lacks a tool
 
+# need COMMAND...: ends the script if one of these commands or files is missing.
+need() {
+  local tool
+  for tool; do
+    [[ -e $tool ]] || command -v "$tool" >/dev/null || { echo "SKIPPED: no $tool on this machine" && exit $skipped; }
+  done
+}
+need Xvfb openbox xdotool xclip import convert
+
 # ---- What differs between the systems
+
+use_display() { if [[ $1 == wayland ]]; then source scripts/wayland.sh; fi; }
 
 use_program() {
   program=$(realpath "$1")
@@ -40,7 +53,6 @@ use_linux() {
   environment=(PATH="$PATH" LANG=C.UTF-8 HOME="$work/home" XDG_CONFIG_HOME="$work/home/.config"
     XDG_RUNTIME_DIR="$work/runtime" DBUS_SESSION_BUS_ADDRESS=disabled:)
   launcher=()
-  out=$PWD/out
   preference=$work/home/.config/CelestrixSatellite.prefs
   select_all=(ctrl+a)
   name_for_program() { echo "$1"; }

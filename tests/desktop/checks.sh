@@ -3,23 +3,8 @@
 
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 source scripts/display.sh
-patience=60
 
-# need COMMAND...: skips the test if one of these commands or files is missing.
-need() {
-  local tool
-  for tool; do
-    [[ -e $tool ]] || command -v "$tool" >/dev/null || { echo "SKIPPED: no $tool on this machine" && exit $skipped; }
-  done
-}
-need Xvfb openbox xdotool xclip import convert
-
-# talk_to COMMAND...: runs it in the background, with $to_helper and $from_helper as its input and output.
-talk_to() {
-  coproc "$@" 2>>"$work/log"
-  helpers+=("$COPROC_PID")
-  exec {to_helper}>&"${COPROC[1]}" {from_helper}<&"${COPROC[0]}"
-}
+need "${!#}" # the program
 
 promise() { promise=$1; }
 
@@ -49,3 +34,10 @@ copy_field() {
 }
 
 has_alert() { has_dialog && [[ $(title_of "$dialog") == "$(title_of "$window")" ]]; }
+
+# Reads the alert that comes, and closes it.
+close_alert() {
+  await 'an alert' has_alert
+  press Return
+  await 'the end of the alert' is_back
+}

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""portal.py READY [URI]: a desktop's own service for dialogs that open files. It answers with the URI; without one, never.
+"""portal.py READY [URI]: a desktop's own service for dialogs that open files. It answers with the URI, or never.
 
 It makes the file READY when it can be called, and READY.called when it is.
 """

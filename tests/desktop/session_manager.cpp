@@ -19,8 +19,7 @@ Status Welcome(SmsConn connection, SmPointer, unsigned long* answered, SmsCallba
   client = connection;
   std::memset(answers, 0, sizeof *answers);
   *answered = ~0UL;
-  answers->register_client.callback = [](SmsConn conn, SmPointer, char* previous) {
-    if (previous != nullptr) return Status{0};
+  answers->register_client.callback = [](SmsConn conn, SmPointer, char*) {
     SmsRegisterClientReply(conn, SmsGenerateClientID(conn));
     Say("registered");
     return Status{1};
@@ -44,15 +43,12 @@ int main() {
   char error[256];
   int count = 0;
   IceListenObj* places = nullptr;
-  if (SmsInitialize(
-          "Celestrix", "1", Welcome, nullptr, [](char*) { return Bool{True}; }, sizeof error, error) == 0 ||
-      IceListenForConnections(&count, &places, sizeof error, error) == 0) {
-    std::cerr << error << std::endl;
-    return 1;
-  }
+  const auto admit = [](char*) { return Bool{True}; };
+  SmsInitialize("Celestrix", "1", Welcome, nullptr, admit, sizeof error, error);
+  if (IceListenForConnections(&count, &places, sizeof error, error) == 0) return 1;
   IceSetIOErrorHandler([](IceConn) {});  // or the end of the program would end the session manager
   IceListenObj place = places[count - 1];
-  IceSetHostBasedAuthProc(place, [](char*) { return Bool{True}; });
+  IceSetHostBasedAuthProc(place, admit);
   Say(IceComposeNetworkIdList(1, &place));
   IceConn program = nullptr;
   for (std::string command;;) {

@@ -1,8 +1,9 @@
-# To be sourced after scripts/display.sh, for Wayland instead of X11. sway shows its screen on the virtual display, so
-# mouse, keys and pictures are the same as for X11.
+# To be sourced after scripts/display.sh, for Wayland instead of X11: use_display does it. sway shows its screen on the
+# virtual display, so mouse, keys and pictures are the same as for X11.
 # shellcheck shell=bash
 
 need sway wl-copy jq
+out=$PWD/out/wayland
 
 start_display() {
   local as_nobody=()
