@@ -14,6 +14,7 @@ class TestElementLines : public QObject {
              {"71 bytes: kept", x71, x71},
              {"72 bytes: dropped", x71 + "x", "dropped"},
              {"68 bytes and four spaces: dropped", x68 + "    ", "dropped"},
+             {"69 bytes between a space and a CR: kept", " x" + x68 + "\r", " x" + x68 + "\r"},
              {"70 characters, two of two bytes: dropped", "éé" + x68, "dropped"},
              {"white space: dropped", " \t\u3000", "dropped"}});
   }

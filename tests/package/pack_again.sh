@@ -1,5 +1,14 @@
-# To be sourced, in the project's folder: a second build of the packages, to compare with the first.
-# shellcheck shell=bash
+# To be sourced, in the project's folder: a second build of the packages, to compare with the first. $work is a folder
+# for what the test makes.
+# shellcheck shell=bash disable=SC2154
+
+fail() {
+  echo "${0##*/}: $*" >&2
+  exit 1
+}
+
+# quietly COMMAND...: shows the command's output only if it fails.
+quietly() { "$@" &>"$work/log" || fail "failed: $*"$'\n'"$(<"$work/log")"; }
 
 # pack_again PRESET FOLDER: makes the preset's packages in FOLDER, from a copy of the sources with other times.
 pack_again() {

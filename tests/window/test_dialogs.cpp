@@ -19,18 +19,13 @@ class TestDialogs : public QObject {
   }
 
   void asksWhereToSave_data() {
-    QTest::addColumn<bool>("palm");
-    QTest::addColumn<QString>("filter");
-    QTest::addColumn<QString>("proposed");
-    QTest::newRow("Palm") << true << "PDB (*.pdb *.[pP][dD][bB])"
-                          << "celestrix_satellites.pdb";
-    QTest::newRow("Pocket PC") << false << "PPC (*.ppc *.[pP][pP][cC])"
-                               << "celestrix_satellites.ppc";
+    AddRows({{"Palm", "celestrix_satellites.pdb", "PDB (*.pdb *.[pP][dD][bB])"},
+             {"Pocket PC", "celestrix_satellites.ppc", "PPC (*.ppc *.[pP][pP][cC])"}});
   }
   void asksWhereToSave() {
-    QFETCH(bool, palm);
-    QFETCH(QString, filter);
-    QFETCH(QString, proposed);
+    QFETCH(const QByteArray, in);
+    QFETCH(const QByteArray, out);
+    const bool palm = in.endsWith("pdb");
     TestedWindow w;
     w.Drop("a\nb\nc");
     TestedWindow::Choose(palm ? w.palm : w.pocket);
@@ -39,8 +34,8 @@ class TestDialogs : public QObject {
     w.inDialog = [&](const QFileDialog& dialog) {
       QCOMPARE(dialog.windowTitle(), "Save As");
       QCOMPARE(dialog.acceptMode(), QFileDialog::AcceptSave);
-      QCOMPARE(dialog.nameFilters(), QStringList(filter));
-      QCOMPARE(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), proposed);
+      QCOMPARE(dialog.nameFilters(), QStringList(out));
+      QCOMPARE(dialog.findChild<QLineEdit*>("fileNameEdit")->text(), in);
       QCOMPARE(dialog.directory().path(), folder_.path());
       QVERIFY2(!dialog.testOption(QFileDialog::DontConfirmOverwrite), "a file is replaced without a question");
     };

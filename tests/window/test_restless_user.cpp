@@ -52,7 +52,10 @@ class TestRestlessUser : public QObject {
 
   void CompareWithTwin() {
     Expect("text", w_.Text(), TwinText());
-    if (w_.IsWhole()) Expect("cursor", At(w_.txt->textCursor()), At(twin_.textCursor()));
+    if (w_.IsWhole()) {
+      Expect("cursor", w_.txt->textCursor().position(), twin_.textCursor().position());
+      Expect("start of the selection", w_.txt->textCursor().anchor(), twin_.textCursor().anchor());
+    }
     Expect("undo", w_.txt->document()->isUndoAvailable(), twin_.document()->isUndoAvailable());
     Expect("redo", w_.txt->document()->isRedoAvailable(), twin_.document()->isRedoAvailable());
     Expect("button Save...", w_.save->isEnabled(), !twin_.document()->isEmpty());
@@ -69,9 +72,6 @@ class TestRestlessUser : public QObject {
                      << "on it differs; there is" << actual.mid(from, 60) << "instead of" << expected.mid(from, 60);
   }
 
-  static QString At(const QTextCursor& cursor) {
-    return QString("%1 to %2").arg(cursor.anchor()).arg(cursor.position());
-  }
   static QString WithLineFeeds(QString text) { return text.replace(QChar::ParagraphSeparator, '\n'); }
   QString TwinText() { return WithLineFeeds(twin_.document()->toRawText()); }
 

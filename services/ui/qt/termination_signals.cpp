@@ -37,7 +37,7 @@ void CatchTerminationSignals(const std::function<void()>& whenRaised) {
     }
     whenRaised();
   });
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+  for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
     struct sigaction action = {};
     sigaction(signal, nullptr, &action);
     if (action.sa_handler == SIG_IGN) continue;  // ignored since the start, on purpose (nohup)
