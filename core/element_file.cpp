@@ -10,10 +10,8 @@ void WriteElementFile(const Ref<BinaryStream>& stream, const Ref<StringArray>& l
   const bool palm = format == ElementFileFormat::kPalmDatabase;
   const std::int32_t setCount = SetCount(lines);
   stream->LittleEndian(!palm);
-  if (palm)
-    WritePalmHeader(stream, setCount);
-  else
-    WritePocketPcHeader(stream, setCount);
+  const auto writeHeader = palm ? WritePalmHeader : WritePocketPcHeader;
+  writeHeader(stream, setCount);
   WriteRecordData(stream, lines, setCount, stream->Position());
 }
 

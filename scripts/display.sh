@@ -7,7 +7,7 @@
 #
 # The program sees nothing of the caller's desktop: display, home folder and settings are its own. They are removed
 # when the script ends, however it ends. If a step fails, the message says which, and a picture of the screen is left.
-# shellcheck shell=bash disable=SC2034
+# shellcheck shell=bash disable=SC2034,SC2317,SC2329
 
 example=examples/stations.txt
 patience=${CELESTRIX_PATIENCE:-120} # seconds for each step: a slow machine must not look like a broken program
@@ -25,6 +25,7 @@ program_id=
 helpers=() # other processes that end with the script
 closing=no
 out=$PWD/out
+end_system() { :; } # what else has to end with the script
 skipped=77 # the status of a test that lacks a tool
 
 # need COMMAND...: ends the script if one of these commands or files is missing.
@@ -34,7 +35,6 @@ need() {
     [[ -e $tool ]] || command -v "$tool" >/dev/null || { echo "SKIPPED: no $tool on this machine" && exit $skipped; }
   done
 }
-need Xvfb openbox xdotool xclip import convert
 
 # ---- What differs between the systems
 
@@ -58,7 +58,6 @@ use_linux() {
   name_for_program() { echo "$1"; }
   end_session() { kill -TERM "$program_id"; }
   may_be_ended_by() { false; } # with another status than 0
-  end_system() { :; }
 }
 
 use_wine() {
@@ -94,6 +93,7 @@ clean_up() {
 }
 trap clean_up EXIT
 trap 'exit 1' HUP INT TERM
+need Xvfb openbox xdotool xclip import convert
 
 promise= # what is being checked, in words
 fail() {

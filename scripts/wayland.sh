@@ -1,6 +1,6 @@
 # To be sourced after scripts/display.sh, for Wayland instead of X11: use_display does it. sway shows its screen on the
 # virtual display, so mouse, keys and pictures are the same as for X11.
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034,SC2154
 
 need sway wl-copy jq
 out=$PWD/out/wayland

@@ -26,6 +26,10 @@ class OutOfBoundsException : public RuntimeException {
   using RuntimeException::RuntimeException;
 };
 
+[[noreturn]] inline void RaiseNilObjectException(const std::string* whyNull) {
+  throw NilObjectException(whyNull != nullptr ? *whyNull : "An object that does not exist was used.");
+}
+
 [[noreturn]] inline void RaiseOutOfBoundsException(int index, int upperBound) {
   throw OutOfBoundsException("There is no element " + std::to_string(index) + " in an array that ends at " +
                              std::to_string(upperBound) + ".");

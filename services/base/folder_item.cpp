@@ -92,7 +92,6 @@ Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
   };
   if (const auto reason = WhyNotAFile(path_, false)) return nil(*reason);
   std::filebuf file;
-  file.pubsetbuf(nullptr, 0);  // it is read in one piece
   if (file.open(path_, std::ios::in | std::ios::binary) == nullptr) return nil(LastReason());
   try {
     const auto bytes = ReadToEnd(file, Length());
@@ -112,7 +111,7 @@ Ref<TextOutputStream> FolderItem::CreateTextFile() const {
 }
 
 Ref<BinaryStream> FolderItem::CreateBinaryFile(const String& fileType) const {
-  RegisteredFileTypeNamed(fileType);
+  RegisteredFileTypeNamed(fileType);  // raises if there is none; current file systems need nothing more of it
   auto buffer = std::make_unique_for_overwrite<char[]>(BinaryStream::kBufferSize);
   std::filebuf file;
   file.pubsetbuf(buffer.get(), BinaryStream::kBufferSize);

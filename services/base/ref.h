@@ -44,7 +44,7 @@ class Ref {
 
   /// Raises NilObjectException if it is null, as any use would.
   void RaiseIfNull() const {
-    if (!object_) throw NilObjectException(whyNull_ ? *whyNull_ : "An object that does not exist was used.");
+    if (!object_) RaiseNilObjectException(whyNull_.get());
   }
 
   /// The same object as a T2; null if it is not one. A null reference keeps its reason.

@@ -47,7 +47,7 @@ String::String(std::string_view bytes)
 String String::InSharedBlock(std::string_view bytes) {
   static Block block;
   static std::size_t size = kSmallestSharedBlock / 4, used = size;
-  if (size - used < bytes.size()) {
+  if (size - used <= bytes.size()) {
     size = std::min(4 * size, kLargestSharedBlock);
     block = Allocate(size);
     used = 0;

@@ -13,9 +13,9 @@ namespace celestrix {
 ///   FE FF               UTF-16, most significant byte first; likewise
 ///   others              UTF-8 if all of it is valid, else Windows-1252
 ///
-/// No input fails. A surrogate without its partner, or half a UTF-16 unit at the end, becomes U+FFFD; the
-/// five bytes that Windows-1252 leaves undefined become the control characters of the same code. Text that
-/// is UTF-8 already shares the bytes of the argument.
+/// No content fails; RuntimeException is raised only if the text would exceed String::kMaxSize. A surrogate without its
+/// partner, or half a UTF-16 unit at the end, becomes U+FFFD; the five bytes that Windows-1252 leaves undefined become
+/// the control characters of the same code. Text that is UTF-8 already shares the bytes of the argument.
 String DecodeText(const String& bytes);
 
 }  // namespace celestrix

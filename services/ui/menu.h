@@ -23,11 +23,14 @@ class MenuItem {
   String Name;
   String Text;              // "&" stands before the access letter
   String KeyboardShortcut;  // "Cmd+" and a letter, "Cmd" being the platform's key for commands; or empty
-  /// The framework enables the item exactly while its command applies. If false, the item stays disabled.
+  /// The framework enables the item exactly while its command applies. If false, the item stays disabled. (A menu is
+  /// always enabled.)
   bool AutoEnable = false;
 
   void Append(const Ref<MenuItem>& item) { items_.push_back(item); }
   const std::vector<Ref<MenuItem>>& Items() const { return items_; }
+  /// The item of that name directly below this one; null when there is none.
+  Ref<MenuItem> Child(const String& name) const;
   /// The item of that name anywhere below this one; null when there is none.
   Ref<MenuItem> Descendant(const String& name) const;
 

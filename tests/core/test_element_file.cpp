@@ -23,10 +23,10 @@ class TestElementFile : public QObject {
     QCOMPARE(Difference(Saved(text, false), Dump("one-set.ppc.txt").bytes), "");
   }
 
+  void ofNoSetsTheHeaderIsSaved() { CompareWithModel(""); }
+
   void moreSetsAreSavedThanThePalmCountHolds() {
-    const QString text = QString("even\nodd\n \n").repeated(3 * 32769) + "left over\n\nlikewise";
-    QCOMPARE(Difference(Saved(text, true), model::SavedFile(text, true)), "");
-    QCOMPARE(Difference(Saved(text, false), model::SavedFile(text, false)), "");
+    CompareWithModel(QString("even\nodd\n \n").repeated(3 * 32769) + "left over\n\nlikewise");
   }
 
   void thePalmNameFillsItsField() {
@@ -54,6 +54,10 @@ class TestElementFile : public QObject {
                      palm ? ElementFileFormat::kPalmDatabase : ElementFileFormat::kPocketPcFile);
     stream->Close();
     return ReadFile(path_);
+  }
+
+  void CompareWithModel(const QString& text) {
+    for (const bool palm : {true, false}) QCOMPARE(Difference(Saved(text, palm), model::SavedFile(text, palm)), "");
   }
 
   /// The task runs at the first yield and then at every so many: what is left until its next run tells the number.

@@ -1,5 +1,5 @@
 # To be sourced: what the tests of the desktop share. Changes to the project's folder.
-# shellcheck shell=bash disable=SC2034
+# shellcheck shell=bash disable=SC2034,SC2164
 
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 source scripts/display.sh

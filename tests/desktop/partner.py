@@ -1,9 +1,8 @@
 #!/usr/bin/python3
-"""partner.py KIND FILE: another program. Its upper half is dragged, the lower one takes drops.
-
-What is dragged is, by KIND, the FILE's "text", or a text that is announced and never comes, because the program
-"hangs". When that is asked for, there is a file .asked beside FILE; a dropped text goes into one with .dropped.
-"""
+# partner.py KIND FILE: another program. Its upper half is dragged, the lower one takes drops.
+#
+# What is dragged is, by KIND, the FILE's "text", or a text that is announced and never comes, because the program
+# "hangs". When that is asked for, there is a file .asked beside FILE; a dropped text goes into one with .dropped.
 import os
 import pathlib
 import signal

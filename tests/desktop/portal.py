@@ -1,8 +1,7 @@
 #!/usr/bin/python3
-"""portal.py READY [URI]: a desktop's own service for dialogs that open files. It answers with the URI, or never.
-
-It makes the file READY when it can be called, and READY.called when it is.
-"""
+# portal.py READY [URI]: a desktop's own service for dialogs that open files. It answers with the URI, or never.
+#
+# It makes the file READY when it can be called, and READY.called when it is.
 import pathlib
 import sys
 

@@ -45,7 +45,7 @@ int main() {
   IceListenObj* places = nullptr;
   const auto admit = [](char*) { return Bool{True}; };
   SmsInitialize("Celestrix", "1", Welcome, nullptr, admit, sizeof error, error);
-  if (IceListenForConnections(&count, &places, sizeof error, error) == 0) return 1;
+  if (IceListenForConnections(&count, &places, sizeof error, error) == 0) Say(error);
   IceSetIOErrorHandler([](IceConn) {});  // or the end of the program would end the session manager
   IceListenObj place = places[count - 1];
   IceSetHostBasedAuthProc(place, admit);

@@ -103,6 +103,7 @@ class TestLayout : public QObject {
 
   static void ExpectThatCaptionsFit(const TestedWindow& w) {
     QVERIFY(w.frame->findChild<QLabel*>("StaticText1")->heightForWidth(466) <= 55);
+    QVERIFY(w.frame->findChild<QGroupBox*>()->minimumSizeHint().width() <= 221);
     for (const QAbstractButton* button : w.frame->findChildren<QAbstractButton*>())
       QVERIFY2(button->fontMetrics().horizontalAdvance(button->text()) < button->width(), qPrintable(button->text()));
   }

@@ -20,12 +20,13 @@ struct Run {
     program.setWorkingDirectory(home.path());
     program.setProcessChannelMode(QProcess::MergedChannels);
     // The language is one that the machine may not have.
-    program.start("sh", {"-c",
-                         "mkdir config; P=config/CelestrixSatellite.prefs; place=XDG_CONFIG_HOME=$PWD/config; "
-                         "hangup=--default-signal=HUP\n" +
-                             preparation +
-                             "\nexec env --default-signal=INT,TERM "
-                             "$hangup -u XDG_CONFIG_HOME HOME=$PWD LC_ALL=de_DE.UTF-8 $place $CELESTRIX_PROGRAM"});
+    program.start(
+        "sh", {"-c",
+               "mkdir config; P=config/CelestrixSatellite.prefs; place=XDG_CONFIG_HOME=\"$PWD\"/config; "
+               "hangup=--default-signal=HUP\n" +
+                   preparation +
+                   "\nexec env --default-signal=INT,TERM "
+                   "$hangup -u XDG_CONFIG_HOME HOME=\"$PWD\" LC_ALL=de_DE.UTF-8 \"$place\" \"$CELESTRIX_PROGRAM\""});
     QVERIFY(program.waitForStarted());
     const qint64 id = program.processId();
     // It catches this one last.
@@ -75,17 +76,18 @@ class TestProgram : public QObject {
   }
 
   void replacesTheRememberedChoice_data() {
-    AddRows({{"Palm", "echo 0 >$P", "0\n"},
-             {"Pocket PC, and more lines", "printf '1\\r\\n0\\n' >$P", "1\n"},
-             {"neither", "echo 2 >$P", "1\n"},
-             {"empty file", ": >$P", "0\n"},
-             {"link to Pocket PC", "ln -s ../linked $P", "1\n"},
-             {"broken link", "ln -s ../no/such $P", "0\n"},
-             {"folder of that name", "mkdir $P", "cannot be read"},
-             {"file in the folder's place", "rmdir config; touch config", "cannot be read"},
-             {"XDG_CONFIG_HOME is empty", "echo 1 >$P; ln -s config .config; place=XDG_CONFIG_HOME=", "1\n"},
-             {"XDG_CONFIG_HOME is relative", "echo 1 >$P; ln -s config .config; place=XDG_CONFIG_HOME=other", "1\n"},
-             {"APPDATA, which is for Windows", "echo 1 >$P; ln -s config .config; place=APPDATA=$PWD/other", "1\n"}});
+    AddRows(
+        {{"Palm", "echo 0 >$P", "0\n"},
+         {"Pocket PC, and more lines", "printf '1\\r\\n0\\n' >$P", "1\n"},
+         {"neither", "echo 2 >$P", "1\n"},
+         {"empty file", ": >$P", "0\n"},
+         {"link to Pocket PC", "ln -s ../linked $P", "1\n"},
+         {"broken link", "ln -s ../no/such $P", "0\n"},
+         {"folder of that name", "mkdir $P", "cannot be read"},
+         {"file in the folder's place", "rmdir config; touch config", "cannot be read"},
+         {"XDG_CONFIG_HOME is empty", "printf 1 >$P; ln -s config .config; place=XDG_CONFIG_HOME=", "1\n"},
+         {"XDG_CONFIG_HOME is relative", "printf 1 >$P; ln -s config .config; place=XDG_CONFIG_HOME=other", "1\n"},
+         {"APPDATA, which is for Windows", "printf 1 >$P; ln -s config .config; place=APPDATA=\"$PWD\"/other", "1\n"}});
   }
   void replacesTheRememberedChoice() {
     QFETCH(const QByteArray, in);

@@ -1,5 +1,5 @@
-// What differs on Windows: the text of alerts, files on other machines, the look of the
-// window, and the end of the session.
+// What differs on Windows: the text of alerts, files on other machines, the look of the window, and the end of the
+// session.
 #include <share.h>
 #include <windows.h>
 
@@ -17,10 +17,10 @@ class TestWindows : public QObject {
   void theReasonIsSaidWhyNoFileIsMade() {
     QFETCH(const QByteArray, in);
     const QTemporaryDir folder;
-    FILE* const useByOther = _wfsopen(folder.filePath("used").toStdWString().c_str(), L"w", _SH_DENYRW);
+    FILE* const usedByOther = _wfsopen(folder.filePath("used").toStdWString().c_str(), L"w", _SH_DENYRW);
     const FolderItem item(QFileInfo(folder.filePath(in)).filesystemFilePath());
     QByteArray outcome = ErrorOf([&item] { item.CreateTextFile()->WriteLine("line"_s); });
-    std::fclose(useByOther);
+    std::fclose(usedByOther);
     QTEST(outcome.replace(QDir::toNativeSeparators(folder.filePath(in)).toUtf8(), "%1"), "out");
   }
 

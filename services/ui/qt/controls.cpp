@@ -126,7 +126,8 @@ ToolkitWidget StaticText::MakeWidget(const ToolkitWidget& parent, const ControlP
 
 ToolkitWidget GroupBox::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* box = new QGroupBox(QString::fromUtf8(properties.Caption), parent.widget);
-  SetTextSize(*box, properties.TextSize);
+  new ThemeGuard(box, properties.TextSize,
+                 [box, width = properties.Width] { return box->minimumSizeHint().width() <= width; });
   return {box};
 }
 

@@ -70,7 +70,6 @@ class EditCommands final : public QObject {
     if (field_) {
       connect(field_, &TextField::copyAvailable, this, &EditCommands::Update);
       connect(field_, &TextField::cursorPositionChanged, this, &EditCommands::Update);  // undoing ends a selection
-      connect(field_, &TextField::undoAvailable, this, &EditCommands::Update);
       connect(field_, &TextField::textChanged, this, &EditCommands::Update);
     }
     Update();
@@ -122,7 +121,6 @@ void BuildMenuBar(QMenuBar& toolkitBar, const MenuBar& bar) {
   for (const Ref<MenuItem>& title : bar.Items()) {
     QMenu* menu = toolkitBar.addMenu(ToQString(title->Text));
     menu->setObjectName(ToQString(title->Name));
-    menu->setEnabled(title->AutoEnable);
     for (const Ref<MenuItem>& item : title->Items()) BuildItem(*menu, *item, *editCommands);
   }
 }

@@ -24,7 +24,7 @@ class TextField final : public QPlainTextEdit {
 
   // Both must be set.
   std::function<void()> onTextChanged;               // called whenever the text has changed
-  std::function<void(const Ref<DragItem>&)> onDrop;  // called for each drop that the field accepts
+  std::function<void(const Ref<DragItem>&)> onDrop;  // called, soon after, for each drop from outside that is accepted
 
   String Text();
   void SetText(const String& text);
@@ -54,8 +54,8 @@ class TextField final : public QPlainTextEdit {
 
  private:
   void TextWasChanged();
-  /// The text with EndOfLine between its lines, if it can replace what the cursor selects. An empty one if it did not
-  /// arrive, which Qt reports so, or if it does not fit, of which an alert tells the user later.
+  /// The text with EndOfLine between its lines, if it can replace what the cursor selects. Empty if the text did not
+  /// arrive (Qt then gives an empty one), or if it does not fit, of which an alert tells the user later.
   String Admit(const QString& text, const QTextCursor& place);
   void Judge(QDropEvent* event) const;
 

@@ -112,8 +112,9 @@ bool TextLoader::eventFilter(QObject* receiver, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
+      return pressIsIgnored_ = !IsWhole();
     case QEvent::MouseButtonRelease:
-      return !IsWhole();
+      return std::exchange(pressIsIgnored_, false);  // the field gets it if it got the press
     case QEvent::KeyPress:
       if (const int key = static_cast<QKeyEvent*>(event)->key(); key == Qt::Key_Tab || key == Qt::Key_Backtab)
         return false;  // it leaves the field, so later keys are not for the field

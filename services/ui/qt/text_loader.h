@@ -66,6 +66,7 @@ class TextLoader final : public QObject {
   String rest_;        // of the text
   QTextCursor place_;  // where it goes
   bool filling_ = false;
+  bool pressIsIgnored_ = false;  // until its release
   QBasicTimer betweenEvents_;
   std::deque<std::function<void()>> waiting_;
 };

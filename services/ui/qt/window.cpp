@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
-#include <QLayout>
 #include <QMainWindow>
 #include <QMenuBar>
 
@@ -115,7 +114,6 @@ void _SetProperties(const Ref<Window>& window, const WindowProperties& propertie
   frame.ContentPane().SetDesignedSize({properties.Width, properties.Height});
   frame.ContentPane().setMinimumSize(properties.MinWidth, properties.MinHeight);
   frame.setMaximumSize(QSize(properties.MaxWidth, properties.MaxHeight) + frame.Surroundings());
-  frame.layout()->activate();  // the menu bar's height is known only then
   frame.resize(QSize(properties.Width, properties.Height) + frame.Surroundings());
 }
 

@@ -1,5 +1,4 @@
-# To be sourced, in the project's folder: a second build of the packages, to compare with the first. $work is a folder
-# for what the test makes.
+# To be sourced, in the project's folder: what the tests of the packages share. $work is a folder for what they make.
 # shellcheck shell=bash disable=SC2154
 
 fail() {
