@@ -198,8 +198,8 @@ void TextField::dropEvent(QDropEvent* event) {
   const Ref<DragItem> item = ItemOf(*event->mimeData());
   if (!item) return event->ignore();
   // The source waits until this returns, so the handler, which may show an alert, runs later.
-  QMetaObject::invokeMethod(
-      this, [this, item] { onDrop(item); }, Qt::QueuedConnection);
+  const auto handle = [this, item] { onDrop(item); };
+  QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
 }
 
 }  // namespace celestrix
