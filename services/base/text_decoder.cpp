@@ -10,7 +10,7 @@ namespace {
 constexpr char32_t kReplacementCharacter = 0xFFFD;
 
 /// What the bytes 0x80 to 0x9F of Windows-1252 stand for; all others stand for the code point of their own number.
-constexpr std::u16string_view kWindows1252From80 = u"€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ";
+constexpr std::u32string_view kWindows1252From80 = U"€\u0081‚ƒ„…†‡ˆ‰Š‹Œ\u008DŽ\u008F\u0090‘’“”•–—˜™š›œ\u009DžŸ";
 
 unsigned char At(std::string_view bytes, std::size_t index) { return static_cast<unsigned char>(bytes[index]); }
 
