@@ -1,4 +1,4 @@
-# For 64-bit Windows, with Debian's cross compiler. The toolkit is looked for where scripts/windows-qt puts it.
+# For 64-bit Windows, with Debian's cross compiler. CMake looks for Qt where scripts/windows-qt puts it.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
