@@ -1,11 +1,11 @@
 // TextLoader: brings a long text into a field without stopping the window.
 //
 // Qt needs about five microseconds for a line, so a long text would stop the window for seconds. The loader shows the
-// first slice at once and adds the others between events. The longest stop, in milliseconds, without and with it (on a
-// busy machine; the ratio counts):
+// first slice at once and adds the others between events. The longest stop, in milliseconds, without and with it, the
+// best of three (of one for 300,000 sets):
 //              10,000 sets    30,000 sets    300,000 sets
-//   a load     131 and 17     437 and 25     5,500 and 220
-//   a paste    209 and 17     653 and 26    14,700 and 150
+//   a load      78 and  7     270 and  9     3,800 and 190
+//   a paste    143 and  8     534 and 15     7,800 and  80
 // Until the field is whole, keys and menu commands wait, in their order, so that all of them act on the whole text;
 // clicks are ignored, as what they would hit is about to move. What does not touch the text (scrolling, resizing,
 // leaving the field) goes on.
