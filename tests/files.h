@@ -18,6 +18,15 @@ inline QByteArray Bytes(const celestrix::String& text) { return {text.Bytes().da
 /// The text of these bytes.
 inline celestrix::String Text(const QByteArray& bytes) { return celestrix::String(bytes.toStdString()); }
 
+/// Where two texts begin to differ, and how; "" if they are the same. For texts too long to be shown whole.
+inline QString TextDifference(const QString& actual, const QString& expected) {
+  if (actual == expected) return "";
+  const auto at = std::ranges::mismatch(actual, expected).in1 - actual.begin(), from = qMax(at - 20, 0);
+  QString words;
+  QDebug(&words) << "from character" << at << "on:" << actual.mid(from, 60) << "expected" << expected.mid(from, 60);
+  return words;
+}
+
 /// What an error says; "no error" where nothing goes wrong.
 inline QByteArray ErrorOf(const std::function<void()>& use) try {
   use();

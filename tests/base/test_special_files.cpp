@@ -20,6 +20,7 @@ class TestSpecialFiles : public QObject {
   void initTestCase() {
     FileTypes1::_Initialize();
     QCOMPARE(mkfifo(qPrintable(folder_.filePath("pipe")), 0600), 0);
+    QCOMPARE(mknod(qPrintable(folder_.filePath("socket")), S_IFSOCK | 0600, 0), 0);
     QVERIFY(QFile::resize(WriteFile(folder_.filePath("large"), ""), INT32_MAX));
   }
 
@@ -27,7 +28,8 @@ class TestSpecialFiles : public QObject {
     AddRows({{"a folder", "/usr", "Is a directory"},
              {"nothing", "no/such", "No such file or directory"},
              {"too long a name", QByteArray(300, 'n'), "File name too long"},
-             {"a pipe", "pipe", "It is not a file"},
+             {"a socket", "socket", "It is not a file"},
+             {"a pipe, which must not be waited for", "pipe", "It is not a file"},
              {"a device, to read", "/dev/zero", "It is not a file"},
              {"a disk that fails, to read", "/proc/self/mem", "Input/output error"},
              {"more than a text can hold, to read", "large", "It is too large"}});

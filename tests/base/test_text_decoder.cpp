@@ -15,7 +15,7 @@ class TestTextDecoder : public QObject {
     const QByteArrayList starts = {"",         "\xEF\xBB\xBF",      "\xFE\xFF",
                                    "\xFF\xFE", QByteArray(63, 'a'), QByteArray(64, 'a')};
     const QByteArray seconds("\0\x07\x0A\x7F\x80\x8D\x8F\x90\x9F\xA0\xBF\xC0\xD8\xDC", 14);
-    const QByteArray ends("|\x7F|\x80|\xBF\xBF|\xDC\0|\0\xDC|\xD8\0|\x80\x7F|", 20);
+    const QByteArray ends("|\x7F|\x80|\xDC|\xBF\xBF|\xDC\0|\0\xDC|\xD8\0|\x80\x7F|", 22);
     const QByteArrayList tails = (ends + QByteArray(62, 'a')).split('|');
     for (const QByteArray& start : starts)
       for (qsizetype i = 0; i < 256 * seconds.size() * tails.size(); ++i) {

@@ -53,8 +53,7 @@ class TestDialogs : public QObject {
 
   void saysThatThereIsNoMemory() {
     TestedWindow w;
-    const auto fail = [] { throw std::bad_alloc(); };
-    QMetaObject::invokeMethod(qApp, fail, Qt::QueuedConnection);
+    QTimer::singleShot(0, [] { throw std::bad_alloc(); });
     QCOMPARE(w.NextAlert(), "There is not enough memory.");
   }
 

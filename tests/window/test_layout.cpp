@@ -9,25 +9,22 @@ const QString kInstructions =
 
 struct LaidOut {
   const char* name;
-  int member = 0;  // of its set
-  QRect place;
+  int index = 0;  // in its set
+  QRect at;
   unsigned locks;
-  QString heard;
+  QString said;  // of it, when it is read aloud
 
-  QWidget* In(const TestedWindow& w) const { return w.frame->findChildren<QWidget*>(name).at(member); }
+  QWidget* In(const TestedWindow& w) const { return w.frame->findChildren<QWidget*>(name).at(index); }
 };
 
-// clang-format off
 const LaidOut kControls[] = {
-    {.name = "StaticText1", .place = {20, 14, 466, 55}, .locks = kLeft | kTop | kRight, .heard = kInstructions},
-    {.name = "txt", .place = {20, 81, 466, 275}, .locks = kLeft | kTop | kRight | kBottom, .heard = kInstructions},
-    {.name = "BrowseBtn", .place = {20, 380, 80, 20}, .locks = kLeft | kBottom, .heard = "Browse..."},
-    {.name = "SaveBtn", .place = {406, 380, 80, 20}, .locks = kRight | kBottom, .heard = "Save..."},
-    {.name = "GroupBox1", .place = {143, 360, 221, 46}, .locks = kLeft | kBottom, .heard = "Celestrix file format"},
-    {.name = "FileFormat", .member = 0, .place = {153, 380, 81, 20}, .locks = kLeft | kBottom, .heard = "Palm (PDB)"},
-    {.name = "FileFormat", .member = 1, .place = {246, 380, 110, 20}, .locks = kLeft | kBottom,
-     .heard = "Pocket PC (PPC)"}};
-// clang-format on
+    {.name = "StaticText1", .at = {20, 14, 466, 55}, .locks = kLeft | kTop | kRight, .said = kInstructions},
+    {.name = "txt", .at = {20, 81, 466, 275}, .locks = kLeft | kTop | kRight | kBottom, .said = kInstructions},
+    {.name = "BrowseBtn", .at = {20, 380, 80, 20}, .locks = kLeft | kBottom, .said = "Browse..."},
+    {.name = "SaveBtn", .at = {406, 380, 80, 20}, .locks = kRight | kBottom, .said = "Save..."},
+    {.name = "GroupBox1", .at = {143, 360, 221, 46}, .locks = kLeft | kBottom, .said = "Celestrix file format"},
+    {.name = "FileFormat", .at = {153, 380, 81, 20}, .locks = kLeft | kBottom, .said = "Palm (PDB)"},
+    {.name = "FileFormat", .index = 1, .at = {246, 380, 110, 20}, .locks = kLeft | kBottom, .said = "Pocket PC (PPC)"}};
 
 }  // namespace
 
@@ -39,8 +36,8 @@ class TestLayout : public QObject {
     QTest::addColumn<LaidOut>("control");
     QTest::addColumn<QSize>("growth");
     for (const LaidOut& control : kControls) {
-      QTest::addRow("%s %d enlarged", control.name, control.member) << control << QSize(1000, 100);
-      QTest::addRow("%s %d as small as can be", control.name, control.member) << control << QSize(64 - 506, 64 - 426);
+      QTest::addRow("%s %d enlarged", control.name, control.index) << control << QSize(1000, 100);
+      QTest::addRow("%s %d as small as can be", control.name, control.index) << control << QSize(64 - 506, 64 - 426);
     }
   }
   void controlsKeepTheirDistances() {
@@ -52,8 +49,8 @@ class TestLayout : public QObject {
     QTRY_COMPARE(content->size(), QSize(506, 426) + growth);
     const auto moved = [&](unsigned edge, int by) { return (control.locks & edge) != 0 ? by : 0; };
     const int wider = growth.width(), higher = growth.height();
-    QRect expected = control.place.adjusted(wider - moved(kLeft, wider), higher - moved(kTop, higher),
-                                            moved(kRight, wider), moved(kBottom, higher));
+    QRect expected = control.at.adjusted(wider - moved(kLeft, wider), higher - moved(kTop, higher),
+                                         moved(kRight, wider), moved(kBottom, higher));
     expected.setSize(expected.size().expandedTo(QSize(0, 0)));
     const QWidget* widget = control.In(w);
     QCOMPARE(QRect(widget->mapTo(content, QPoint()), widget->size()), expected);
@@ -62,7 +59,7 @@ class TestLayout : public QObject {
   void controlsAreReadAloud() {
     TestedWindow w;
     for (const LaidOut& control : kControls)
-      QCOMPARE(QAccessible::queryAccessibleInterface(control.In(w))->text(QAccessible::Name), control.heard);
+      QCOMPARE(QAccessible::queryAccessibleInterface(control.In(w))->text(QAccessible::Name), control.said);
   }
 
   void coloursAreThoseOfTheLayout() {

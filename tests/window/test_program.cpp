@@ -7,15 +7,13 @@ namespace {
 
 /// A run of the program, in a home of its own, until a signal ends it.
 struct Run {
-  QTemporaryDir home = {};
-  QString preparation = "";  // commands of the shell, done there before it
-  int signal = SIGTERM;
-
-  QByteArray output = "";
-  int exitCode = -1;
+  QTemporaryDir home;
   bool caughtHangup = false;
+  QByteArray output;
+  int exitCode = -1;
 
-  void Do() {
+  /// The preparation is commands of the shell, done in that home before the program starts.
+  explicit Run(const QString& preparation = "", int signal = SIGTERM) {
     QProcess program;
     program.setWorkingDirectory(home.path());
     program.setProcessChannelMode(QProcess::MergedChannels);
@@ -37,6 +35,7 @@ struct Run {
     exitCode = program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
     output = program.readAll();
   }
+
   QByteArray Left() const { return ReadFile(home.filePath("config/CelestrixSatellite.prefs")); }
 
  private:
@@ -62,17 +61,16 @@ class TestProgram : public QObject {
   }
   void aSignalEndsItQuietlyAndKeepsTheChoice() {
     QFETCH(int, signal);
-    Run run = {.signal = signal};
-    run.Do();
+    const Run run("", signal);
     QCOMPARE(run.output, "");
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.Left(), "0\n");
   }
 
-  void aHangupThatIsIgnoredAtItsStartStaysIgnored() {
-    Run run = {.preparation = "trap '' HUP; hangup="};
-    run.Do();
-    QVERIFY(!run.caughtHangup);
+  void aHangupThatIsIgnoredAtItsStartStaysIgnored() { QVERIFY(!Run("trap '' HUP; hangup=").caughtHangup); }
+
+  void warningsAreShownToThoseWhoAskForThem() {
+    QVERIFY(Run("export QT_LOGGING_RULES='*=true'").output.contains("qt."));
   }
 
   void replacesTheRememberedChoice_data() {
@@ -91,8 +89,7 @@ class TestProgram : public QObject {
   }
   void replacesTheRememberedChoice() {
     QFETCH(const QByteArray, in);
-    Run run = {.preparation = "printf 1 >linked; " + in};
-    run.Do();
+    const Run run("printf 1 >linked; " + in);
     QCOMPARE(run.output, "");
     QTEST(run.Left(), "out");
     QCOMPARE(ReadFile(run.home.filePath("linked")), "1");

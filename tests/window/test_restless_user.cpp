@@ -65,11 +65,8 @@ class TestRestlessUser : public QObject {
 
   /// Notes the first promise that is broken, and where.
   void Expect(const QString& what, const QVariant& is, const QVariant& shallBe) {
-    if (is == shallBe || !broken_.isEmpty()) return;
-    const QString actual = is.toString(), expected = shallBe.toString();
-    const auto at = std::ranges::mismatch(actual, expected).in1 - actual.begin(), from = qMax(at - 20, 0);
-    QDebug(&broken_) << qPrintable("broke the promise about the " + what + ": from character") << at
-                     << "on it differs; there is" << actual.mid(from, 60) << "instead of" << expected.mid(from, 60);
+    const QString difference = TextDifference(is.toString(), shallBe.toString());
+    if (broken_.isEmpty() && !difference.isEmpty()) broken_ = "broke the promise about the " + what + ": " + difference;
   }
 
   static QString WithLineFeeds(QString text) { return text.replace(QChar::ParagraphSeparator, '\n'); }
