@@ -22,9 +22,8 @@ inline celestrix::String Text(const QByteArray& bytes) { return celestrix::Strin
 inline QString TextDifference(const QString& actual, const QString& expected) {
   if (actual == expected) return "";
   const auto at = std::ranges::mismatch(actual, expected).in1 - actual.begin(), from = qMax(at - 20, 0);
-  QString words;
-  QDebug(&words) << "from character" << at << "on:" << actual.mid(from, 60) << "expected" << expected.mid(from, 60);
-  return words;
+  const auto shown = [from](const QString& text) { return QDebug::toString(text.mid(from, 60)); };
+  return QString("from character %1 on: %2, expected %3").arg(QString::number(at), shown(actual), shown(expected));
 }
 
 /// What an error says; "no error" where nothing goes wrong.

@@ -52,14 +52,18 @@ class TestMenuBar : public QObject {
     QCOMPARE(w.Text(), "");
   }
 
-  void commandsAreForTheFieldThatHasTheFocus() {
+  void commandsAreEnabledWhileTheyApply() {
     TestedWindow w;
     w.Drop("text");
     w.txt->setFocus();
-    w.frame->menuBar()->setFocus();  // opening a menu does not take it away
-    QVERIFY(w.Command("EditSelectAll")->isEnabled());
+    QTest::keyClick(w.txt, Qt::Key_X);
+    QTest::keyClick(w.txt, Qt::Key_End, Qt::ShiftModifier);
+    w.frame->menuBar()->setFocus();
+    QVERIFY2(w.Command("EditCut")->isEnabled(), "Cut, after a menu was opened");
+    w.Command("EditUndo")->trigger();
+    QVERIFY2(!w.Command("EditCut")->isEnabled(), "Cut, after undoing ended the selection");
     w.browse->setFocus();
-    QVERIFY(!w.Command("EditSelectAll")->isEnabled());
+    QVERIFY2(!w.Command("EditSelectAll")->isEnabled(), "Select All, after the focus went elsewhere");
   }
 
   void tabVisitsTheControlsInTheirOrder() {

@@ -69,12 +69,12 @@ class TestTextField : public QObject {
   }
 
   void aPasteTakesThePlaceOfTheSelectionAsOneStep() {
-    const QString replaced = "before" + QString(90'000, '\n') + "after";
+    const QString replaced = "before" + QString(150'000, '\n') + "after";
     w_->Drop(replaced);
     QTRY_VERIFY(w_->IsWhole());
     QTextCursor selection = w_->txt->textCursor();
     selection.setPosition(6);
-    selection.setPosition(6 + 90'000, QTextCursor::KeepAnchor);
+    selection.setPosition(6 + 150'000, QTextCursor::KeepAnchor);
     w_->txt->setTextCursor(selection);
     CopyElsewhere(kLongText);
     QTest::keyClick(w_->txt, Qt::Key_V, Qt::ControlModifier);
