@@ -4,7 +4,6 @@
 #include <X11/SM/SMlib.h>
 #include <poll.h>
 
-#include <cstring>
 #include <iostream>
 #include <string>
 
@@ -17,7 +16,7 @@ void Say(const char* what) { std::cout << what << std::endl; }
 /// Answers only those messages of the protocol that Qt sends.
 Status Welcome(SmsConn connection, SmPointer, unsigned long* answered, SmsCallbacks* answers, char**) {
   client = connection;
-  std::memset(answers, 0, sizeof *answers);
+  *answers = {};
   *answered = ~0UL;
   answers->register_client.callback = [](SmsConn conn, SmPointer, char*) {
     SmsRegisterClientReply(conn, SmsGenerateClientID(conn));

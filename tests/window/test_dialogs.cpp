@@ -12,6 +12,7 @@ class TestDialogs : public QObject {
       QCOMPARE(dialog.windowTitle(), "Open");
       QCOMPARE(dialog.fileMode(), QFileDialog::ExistingFile);
       QCOMPARE(dialog.nameFilters(), QStringList("Text (*.txt *.[tT][xX][tT])"));
+      QVERIFY2(dialog.testOption(QFileDialog::HideNameFilterDetails), "the patterns are shown");
       QCOMPARE(dialog.directory().path(), folder_.path());
     };
     w.Click(w.browse, "");

@@ -62,10 +62,11 @@ class TestLayout : public QObject {
       QCOMPARE(QAccessible::queryAccessibleInterface(control.In(w))->text(QAccessible::Name), control.said);
   }
 
-  void coloursAreThoseOfTheLayout() {
+  void textsLookAsTheLayoutSays() {
     QApplication::setPalette(QPalette(Qt::darkGray, Qt::black));
     TestedWindow w;
     const auto* label = w.frame->findChild<QLabel*>("StaticText1");
+    QVERIFY(label->wordWrap());
     QCOMPARE(label->alignment(), Qt::AlignLeft | Qt::AlignTop);
     QCOMPARE(label->palette().color(QPalette::WindowText), QColor(0x7F, 0x7F, 0x7F));
     QCOMPARE(w.txt->palette().color(QPalette::Text), QColor(Qt::black));

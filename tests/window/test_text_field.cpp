@@ -144,8 +144,8 @@ class TestTextField : public QObject {
     w_->Command("EditSelectAll")->trigger();
     QTest::keyClick(w_->txt, Qt::Key_X, Qt::ControlModifier);
     QCOMPARE(w_->Text(), "");
-    const QString cut = QGuiApplication::clipboard()->text();
-    QCOMPARE(TextDifference(cut, "x" + kLongText + "x" + kLongText), "");  // no click moved the cursor
+    // No click moved the cursor.
+    QCOMPARE(TextDifference(QGuiApplication::clipboard()->text(), "x" + kLongText + "x" + kLongText), "");
   }
 
   void tabLeavesTheFieldWhileATextLoads() {
