@@ -43,13 +43,7 @@ class TestedWindow final : public QObject {
   }
 
   /// After a dialog no window is active on this platform, until one asks for it.
-  void Activate() {
-    const auto isActive = [this] {
-      frame->activateWindow();
-      return frame->isActiveWindow();
-    };
-    QVERIFY(QTest::qWaitFor(isActive));
-  }
+  void Activate() { QTRY_VERIFY((frame->activateWindow(), frame->isActiveWindow())); }
 
   QString Text() {
     const auto field = RuntimeWindowControlByName(window, "txt"_s).As<EditField>();

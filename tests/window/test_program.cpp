@@ -18,13 +18,12 @@ struct Run {
     program.setWorkingDirectory(home.path());
     program.setProcessChannelMode(QProcess::MergedChannels);
     // The language is one that the machine may not have.
-    program.start(
-        "sh", {"-c",
-               "mkdir config; P=config/CelestrixSatellite.prefs; place=XDG_CONFIG_HOME=\"$PWD\"/config; "
-               "hangup=--default-signal=HUP\n" +
-                   preparation +
-                   "\nexec env --default-signal=INT,TERM "
-                   "$hangup -u XDG_CONFIG_HOME HOME=\"$PWD\" LC_ALL=de_DE.UTF-8 \"$place\" \"$CELESTRIX_PROGRAM\""});
+    const QStringList script = {
+        "mkdir config; P=config/CelestrixSatellite.prefs; place=XDG_CONFIG_HOME=\"$PWD\"/config; hangup=,HUP",
+        preparation,
+        "exec env --default-signal=INT,TERM$hangup -u XDG_CONFIG_HOME HOME=\"$PWD\" LC_ALL=de_DE.UTF-8 "
+        "\"$place\" \"$CELESTRIX_PROGRAM\""};
+    program.start("sh", {"-c", script.join('\n')});
     QVERIFY(program.waitForStarted());
     const qint64 id = program.processId();
     // It catches this one last.
