@@ -66,6 +66,7 @@ class TestString : public QObject {
   void aNumberThatNoInt32HoldsIsTheLeastOne() {
     QCOMPARE(RuntimeCvtReal64ToSInt32(2147483647.5), INT32_MAX);
     QCOMPARE(RuntimeCvtReal64ToSInt32(2147483648.), INT32_MIN);
+    QCOMPARE(RuntimeCvtReal64ToSInt32(-2147483647.5), -INT32_MAX);
     QCOMPARE(RuntimeCvtReal64ToSInt32(qQNaN()), INT32_MIN);
   }
 
