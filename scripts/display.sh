@@ -41,7 +41,7 @@ need() {
 use_display() { if [[ $1 == wayland ]]; then source scripts/wayland.sh; fi; }
 
 use_program() {
-  program=$(realpath "$1")
+  program=$(realpath -e "$1")
   if [[ $program == *.exe ]]; then use_wine; else use_linux; fi
   mkdir -p "$out" "$folder" "$work/home/.config" "$work/runtime"
   chmod 700 "$work/runtime"

@@ -4,8 +4,6 @@
 cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 source scripts/display.sh
 
-need "${!#}" # the program
-
 promise() { promise=$1; }
 
 # same WHAT EXPECTED CAME: fails if the two files differ, and shows the first lines that do.
