@@ -48,7 +48,8 @@ class TestSpecialFiles : public QObject {
   }
 
   void aFileThatIsLongerThanTheSystemSaysIsReadToItsEnd() {
-    const char maps[] = "/proc/self/maps";  // of length 0, it says; tens of thousands of bytes, the stack near the end
+    // Its length is 0, the system says. It has tens of thousands of bytes, with the stack near the end.
+    const char maps[] = "/proc/self/maps";
     const QByteArray text = Bytes(FolderItem(maps).OpenAsTextFile()->ReadAll());
     QCOMPARE(text.left(20), ReadFile(maps).left(20));
     QVERIFY(text.contains("[stack]"));

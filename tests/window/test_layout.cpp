@@ -12,7 +12,7 @@ struct LaidOut {
   int index = 0;  // in its set
   QRect at;
   unsigned locks;
-  QString said;  // of it, when it is read aloud
+  QString said;  // its name, as a screen reader says it
 
   QWidget* In(const TestedWindow& w) const { return w.frame->findChildren<QWidget*>(name).at(index); }
 };

@@ -147,9 +147,9 @@ class TestRestlessUser : public QObject {
                  {"EditPaste", !clipboard_.isEmpty(), [&] { TwinPastes(); }},
                  {"EditClear", hasSelection, removes},
                  {"EditSelectAll", !twin_.document()->isEmpty(), [&] { twin_.selectAll(); }}};
+    const auto& item = items[Any(std::size(items))];
     w_.Activate();
     w_.txt->setFocus();
-    const auto& item = items[Any(std::size(items))];
     if (w_.IsWhole()) Expect(item.name, w_.Command(item.name)->isEnabled(), item.applies);
     w_.Command(item.name)->trigger();
     w_.Text();  // while the clipboard holds what is pasted

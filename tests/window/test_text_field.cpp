@@ -75,6 +75,7 @@ class TestTextField : public QObject {
   }
 
   void aPasteTakesThePlaceOfTheSelectionAsOneStep() {
+    // It has so many more lines than the pasted text that their difference must not count as memory to ask for.
     const QString replaced = "before" + QString(125'000, '\n') + "after";
     w_->Drop(replaced);
     QTRY_VERIFY(w_->IsWhole());
@@ -86,7 +87,7 @@ class TestTextField : public QObject {
     QTest::keyClick(w_->txt, Qt::Key_V, Qt::ControlModifier);
     const QString pasted = "before" + kLongText + "after";
     QCOMPARE(TextDifference(w_->Text(), pasted), "");
-    QVERIFY2(!w_->IsWhole(), "its end was shown before it was told");
+    QVERIFY2(!w_->IsWhole(), "reading the text waited for its end");
     QTRY_VERIFY(w_->IsWhole());
     QCOMPARE(TextDifference(w_->Text(), pasted), "");
     QCOMPARE(w_->txt->textCursor().position(), 6 + kLongText.size());
@@ -162,10 +163,11 @@ class TestTextField : public QObject {
       QTest::keyClick(w_->txt, key);
       QVERIFY2(!w_->txt->hasFocus(), qPrintable(QKeySequence(key).toString()));
     }
-    QVERIFY2(!w_->IsWhole(), "the text came in too fast");
+    QVERIFY2(!w_->IsWhole(), "the whole text came in at once");
   }
 
   void anEditFromElsewhereWhileATextLoadsIsKept() {
+    // Fewer bytes than a slice may have, but many more lines.
     const QString lines = QString(100'000, '\n') + "end", edited = QString(lines).insert(3, "edited");
     w_->Drop(lines);
     QVERIFY2(!w_->IsWhole(), "many short lines came in at once");
