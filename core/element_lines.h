@@ -26,17 +26,18 @@ inline constexpr std::int32_t kSetSize = kLinesPerSet * kLineWidth;  // bytes
 /// Splits the field's text at EndOfLine, and at nothing else, and normalises the lines.
 Ref<StringArray> ElementLines(const String& text);
 
-/// Makes all lines 71 bytes wide, in place: removes blank lines and lines longer than 71 bytes, and adds
-/// NUL bytes to the shorter ones. Yields once per line and once per added byte.
+/// Makes all lines 71 bytes wide, in place: removes blank lines and lines longer than 71 bytes, and adds NUL bytes to
+/// the shorter ones. Counts one pass (background_task.h) per line and per added byte. Raises RuntimeException if they
+/// do not fit into one String, from 30 million lines on.
 ///
-/// Whether a line is blank is judged after trimming, its length before: white space at either end is kept and counts,
-/// and so can make a line too long.
+/// Whether a line is blank is judged after trimming, its length before: white space at either end is kept, and can make
+/// a line too long.
 void Normalise(const Ref<StringArray>& lines);
 
 /// The number of whole element sets in normalised lines. The one or two lines left over belong to none.
 std::int32_t SetCount(const Ref<StringArray>& lines);
 
-/// Writes the record data area: the lines of the first `setCount` element sets, each into its slot. Yields once per
+/// Writes the record data area: the lines of the first `setCount` element sets, each into its slot. Counts one pass per
 /// line.
 void WriteRecordData(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines, std::int32_t setCount,
                      std::uint64_t dataStart);

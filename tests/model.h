@@ -26,7 +26,7 @@ inline QString TextOfFile(const QByteArray& bytes) {
   else if (text.toUtf8() != unmarked)
     text = FromWindows1252(unmarked);
   // A unit of UTF-16 without its partner becomes U+FFFD.
-  text = QString::fromStdU32String(U"x" + text.toStdU32String()).mid(1);
+  text = QString::fromStdU32String(std::u32string(U"x").append(text.toStdU32String())).mid(1);
   return text.replace("\r\n", "\n").replace('\r', '\n');
 }
 

@@ -46,7 +46,11 @@ inline QByteArray Difference(const QByteArray& actual, const QByteArray& expecte
   if (actual == expected) return "";
   const qsizetype at = std::ranges::mismatch(actual, expected).in1 - actual.begin();
   const auto from = [at](const QByteArray& file) {
-    return file.mid(at, 8).toHex(' ') + (file.size() > at + 8 ? " ..." : " and the end");
+    QByteArray part = file.mid(at, 8);
+    const QByteArray hex = part.toHex(' ');
+    for (char& c : part)
+      if (c < ' ' || c > '~') c = '.';
+    return hex + " |" + part + (file.size() > at + 8 ? "| ..." : "| and the end");
   };
   return QString("offset %1, %2: %3, expected %4")
       .arg(QString::number(at), FieldAt(at, expected), from(actual), from(expected))

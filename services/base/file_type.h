@@ -1,7 +1,7 @@
-// FileType: a declared kind of file, and the register of those that the program has declared.
+// FileType: a kind of file, and the register of those that the program has declared.
 //
-// Dialogs, fields that accept dropped files and file creation are given a type in its text form, its Name, and find
-// it in the register by that. The first conversion to text registers the type.
+// Whoever needs a type (a dialog, a field that accepts dropped files, the creation of a file) is given its text form,
+// its Name, and looks it up in the register. The first conversion to text registers the type.
 #pragma once
 
 #include "services/base/string.h"

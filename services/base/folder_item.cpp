@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <ios>
 #include <optional>
 #include <system_error>
 
@@ -16,9 +15,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string CouldNot(const char* done, fs::path path, const std::string& reason) {
+/// A null stream that knows why.
+template <class Stream>
+Ref<Stream> CouldNot(const char* done, fs::path path, const std::string& reason) {
   const std::u8string name = path.make_preferred().u8string();  // as the system writes paths
-  return "“" + std::string(name.begin(), name.end()) + "” could not be " + done + ": " + reason + ".";
+  return Ref<Stream>::Nil("“" + std::string(name.begin(), name.end()) + "” could not be " + done + ": " + reason + ".");
 }
 
 /// Why the last operation on a file failed.
@@ -36,26 +37,38 @@ std::optional<std::string> WhyNotAFile(const fs::path& path, bool forWriting) {
   return mayTry ? std::nullopt : std::optional<std::string>("It is not a file");
 }
 
-/// Creates an empty file and opens it; returns why that failed, or nothing.
-std::optional<std::string> CreateEmpty(const fs::path& path, std::filebuf& file) {
-  if (const auto reason = WhyNotAFile(path, true)) return CouldNot("created", path, *reason);
-  if (file.open(path, std::ios::out | std::ios::binary | std::ios::trunc) != nullptr) return std::nullopt;
-  return CouldNot("created", path, LastReason());
+/// Creates an empty file and opens it for a stream of that kind; a null one that knows why if that fails.
+template <class Stream>
+Ref<Stream> CreateEmpty(const fs::path& path) {
+  if (const auto reason = WhyNotAFile(path, true)) return CouldNot<Stream>("created", path, *reason);
+  std::ofstream file(path, std::ios::binary);
+  return file ? New<Stream>(std::move(file)) : CouldNot<Stream>("created", path, LastReason());
 }
 
-/// All bytes of the file up to its end, which need not be where the system says: some file systems report a length of 0
-/// for a file that has content, and a file may grow while it is read. Nothing if it is too large.
-std::optional<String> ReadToEnd(std::filebuf& file, std::uint64_t expectedLength) {
+/// Reads the file up to its end, which need not be where the system says: some file systems report a length of 0 for a
+/// file that has content, and a file may grow while it is read. Nothing if it is too large; errno says whether a read
+/// has failed, since not every standard library does.
+std::optional<String> ReadToEnd(std::ifstream& file, std::uint64_t expectedLength) {
   constexpr std::uint64_t kLeastRoom = 4096;
   // The end has been reached only if there was more room than bytes.
   for (std::uint64_t room = std::max(expectedLength + 1, kLeastRoom); room <= String::kMaxSize; room *= 2) {
-    file.pubseekpos(0);
+    file.seekg(0);
     String bytes = String::Build(room, [&](char* start) {
-      return static_cast<std::size_t>(file.sgetn(start, static_cast<std::streamsize>(room)));
+      errno = 0;
+      file.read(start, static_cast<std::streamsize>(room));
+      return static_cast<std::size_t>(file.gcount());
     });
-    if (bytes.Bytes().size() < room) return bytes;
+    if (!file) return bytes;
   }
   return std::nullopt;
+}
+
+/// Makes the folder, and those that it is in, if they are missing. What it makes is for this user alone.
+void MakeFolder(const fs::path& folder, std::error_code& error) {
+  std::error_code ignored;
+  if (fs::exists(folder, ignored) || !folder.has_relative_path()) return;
+  MakeFolder(folder.parent_path(), error);
+  if (!error && fs::create_directory(folder, error)) fs::permissions(folder, fs::perms::owner_all, ignored);
 }
 
 }  // namespace
@@ -87,36 +100,25 @@ void FolderItem::Delete() const {
 }
 
 Ref<TextInputStream> FolderItem::OpenAsTextFile() const {
-  const auto nil = [this](const std::string& reason) {
-    return Ref<TextInputStream>::Nil(CouldNot("opened", path_, reason));
-  };
+  const auto nil = [this](const std::string& reason) { return CouldNot<TextInputStream>("opened", path_, reason); };
   if (const auto reason = WhyNotAFile(path_, false)) return nil(*reason);
-  std::filebuf file;
-  if (file.open(path_, std::ios::in | std::ios::binary) == nullptr) return nil(LastReason());
-  try {
-    const auto bytes = ReadToEnd(file, Length());
-    return bytes ? New<TextInputStream>(DecodeText(*bytes)) : nil("It is too large");
-  } catch (const std::ios_base::failure& error) {  // a read that failed midway
-    return nil(SystemReason(error.code()));
-  }
+  std::ifstream file(path_, std::ios::binary);
+  if (!file) return nil(LastReason());
+  const auto bytes = ReadToEnd(file, Length());
+  if (!bytes) return nil("It is too large");
+  return errno == 0 ? New<TextInputStream>(DecodeText(*bytes)) : nil(LastReason());
 }
 
 Ref<TextOutputStream> FolderItem::CreateTextFile() const {
   std::error_code error;
-  fs::create_directories(path_.parent_path(), error);
-  if (error) return Ref<TextOutputStream>::Nil(CouldNot("created", path_, SystemReason(error)));
-  std::filebuf file;
-  if (const auto whyNot = CreateEmpty(path_, file)) return Ref<TextOutputStream>::Nil(*whyNot);
-  return New<TextOutputStream>(std::move(file));
+  MakeFolder(path_.parent_path(), error);
+  if (error) return CouldNot<TextOutputStream>("created", path_, SystemReason(error));
+  return CreateEmpty<TextOutputStream>(path_);
 }
 
 Ref<BinaryStream> FolderItem::CreateBinaryFile(const String& fileType) const {
   RegisteredFileTypeNamed(fileType);  // raises if there is none; current file systems need nothing more of it
-  auto buffer = std::make_unique_for_overwrite<char[]>(BinaryStream::kBufferSize);
-  std::filebuf file;
-  file.pubsetbuf(buffer.get(), BinaryStream::kBufferSize);
-  if (const auto whyNot = CreateEmpty(path_, file)) return Ref<BinaryStream>::Nil(*whyNot);
-  return New<BinaryStream>(std::move(buffer), std::move(file));
+  return CreateEmpty<BinaryStream>(path_);
 }
 
 }  // namespace celestrix

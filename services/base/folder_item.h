@@ -1,7 +1,7 @@
 // FolderItem: a place in the file system, at which a file may or may not exist.
 //
-// Nothing here blocks: only regular files are opened (and, for writing, character devices), never a pipe, a socket
-// or a folder. A file that cannot be opened or created gives a null stream that knows the system's reason.
+// Only regular files are opened (and, for writing, character devices), so nothing here waits for another program. A
+// file that cannot be opened or created gives a null stream that knows the system's reason.
 #pragma once
 
 #include <filesystem>
@@ -23,14 +23,14 @@ class FolderItem {
   /// The file's length in bytes; 0 if it is not a regular file.
   std::uint64_t Length() const;
 
-  /// Removes the file. Does nothing if there is none, or a folder.
+  /// Removes the file. Does nothing if there is none, or if it is a folder.
   void Delete() const;
 
   /// Opens the existing file for reading text, and reads it to its end. Null when it is not a regular file, cannot be
   /// read from start to end, or does not fit into a String.
   Ref<TextInputStream> OpenAsTextFile() const;
-  /// Creates an empty file, which replaces an existing one, and opens it for writing text. Makes the folders that it
-  /// is in if they do not exist.
+  /// Creates an empty file, which replaces an existing one, and opens it for writing text. Missing folders on the way
+  /// to it are made, for this user alone.
   Ref<TextOutputStream> CreateTextFile() const;
   /// Creates an empty file, which replaces an existing one, and opens it for writing bytes. `fileType` names its
   /// registered type. The folder must exist.

@@ -1,7 +1,8 @@
 #include "services/base/string.h"
 
 #include <algorithm>
-#include <charconv>
+#include <locale>
+#include <sstream>
 
 #include "services/base/string_array.h"
 
@@ -9,15 +10,9 @@ namespace celestrix {
 
 namespace {
 
-// The blocks that short strings share grow from the first of these sizes to the second, so that a few lines do not
-// take megabytes.
-constexpr std::size_t kSmallestSharedBlock = 64 * 1024;
-constexpr std::size_t kLargestSharedBlock = 2 * kLargePageSize - 64;
-constexpr std::size_t kLongestShortString = 128;
-
 // When a text is split, room is reserved as if each piece had this size, which is ample for element lines. Room that
 // is not used costs nothing: the system provides memory when it is written to. If the array grew step by step, a whole
-// conversion would take 1.07 times as long.
+// conversion would take 1.08 times as long.
 constexpr std::size_t kUsualPieceSize = 32;
 
 // White space, as UTF-8.
@@ -40,37 +35,13 @@ std::size_t SpaceAt(bool end, std::string_view text) {
 }  // namespace
 
 String::String(std::string_view bytes)
-    : String(bytes.size() <= kLongestShortString ? InSharedBlock(bytes) : Build(bytes.size(), [bytes](char* room) {
-        return bytes.copy(room, bytes.size());
-      })) {}
+    : String(Build(bytes.size(), [bytes](char* room) { return bytes.copy(room, bytes.size()); })) {}
 
-String String::InSharedBlock(std::string_view bytes) {
-  static Block block;
-  static std::size_t size = kSmallestSharedBlock / 4, used = size;
-  if (size - used <= bytes.size()) {
-    size = std::min(4 * size, kLargestSharedBlock);
-    block = Allocate(size);
-    used = 0;
-  }
-  char* start = block.get() + used;
-  used += bytes.copy(start, bytes.size());
-  return {{block, start}, bytes.size()};
-}
-
-String String::Build(std::size_t capacity, const std::function<std::size_t(char*)>& fill) {
-  const Block block = Allocate(capacity);
-  const std::size_t size = fill(block.get());
-  return {{block, block.get()}, size};
-}
-
-String::Block String::Allocate(std::size_t capacity) {
+String String::Build(std::uint64_t capacity, const std::function<std::size_t(char*)>& fill) {
   if (capacity > kMaxSize) throw RuntimeException("The text is too long.");
-  return std::allocate_shared_for_overwrite<char[]>(BlockAllocator<char>(), capacity);
-}
-
-String String::Slice(std::size_t begin, std::size_t size) const {
-  const std::string_view slice = Bytes().substr(begin, size);
-  return {{data_, slice.data()}, slice.size()};
+  const auto size = static_cast<std::size_t>(capacity);
+  const std::shared_ptr<char> block(static_cast<char*>(AllocateBlock(size)), [size](char* b) { FreeBlock(b, size); });
+  return {block, fill(block.get())};
 }
 
 String RuntimeAddString(const String& first, const String& second) {
@@ -80,8 +51,6 @@ String RuntimeAddString(const String& first, const String& second) {
     return head.copy(room, head.size()) + tail.copy(room + head.size(), tail.size());
   });
 }
-
-std::int32_t RuntimeStringCompare(const String& a, const String& b) { return a.Bytes().compare(b.Bytes()); }
 
 Ref<StringArray> Split(const String& text, const String& delimiter) {
   const std::string_view bytes = text.Bytes();
@@ -116,12 +85,11 @@ String Chr(std::int32_t code) {
 double Val(const String& text) {
   const String trimmed = Trim(text);
   const std::string_view rest = trimmed.Bytes();
-  // std::from_chars accepts "nan" and "inf", which are not numbers here, and does not accept a plus sign.
-  const std::string_view sign = rest.substr(0, rest.find_first_of("0123456789."));
-  if (!sign.empty() && sign != "+" && sign != "-") return 0;
+  // Some standard libraries read words and hexadecimal numbers too.
+  std::istringstream decimal(std::string(rest.substr(0, rest.find_first_not_of("+-.0123456789eE"))));
+  decimal.imbue(std::locale::classic());
   double number = 0;
-  std::from_chars(rest.data() + sign.size(), rest.data() + rest.size(), number);
-  return sign == "-" ? -number : number;
+  return decimal >> number ? number : 0;
 }
 
 std::int32_t RuntimeCvtReal64ToSInt32(double number) {
@@ -131,11 +99,19 @@ std::int32_t RuntimeCvtReal64ToSInt32(double number) {
 
 String ReplaceAll(const String& text, const String& from, const String& to) {
   const std::string_view bytes = text.Bytes(), old = from.Bytes();
-  std::string replaced;
-  std::size_t done = 0;
-  for (std::size_t at = 0; (at = bytes.find(old, done)) != bytes.npos; done = at + old.size())
-    replaced.append(bytes, done, at - done).append(to.Bytes());
-  return done == 0 ? text : String(replaced.append(bytes, done));
+  std::size_t at = bytes.find(old), done = 0;
+  if (at == bytes.npos) return text;
+  return String::Build(std::uint64_t{bytes.size()} * std::max<std::size_t>(1, to.Bytes().size()),
+                       [&](char* const room) {
+                         char* end = room;
+                         for (; at != bytes.npos; at = bytes.find(old, done)) {
+                           end += bytes.copy(end, at - done, done);
+                           end += to.Bytes().copy(end, bytes.npos);
+                           done = at + old.size();
+                         }
+                         end += bytes.copy(end, bytes.npos, done);
+                         return static_cast<std::size_t>(end - room);
+                       });
 }
 
 String ReplaceLineEndings(const String& text, const String& lineEnding) {

@@ -23,34 +23,32 @@ class String {
   String() = default;
 
   /// Copies the bytes. Raises RuntimeException beyond kMaxSize.
-  ///
-  /// Short strings are stored one after the other in a block, which each of them keeps alive: one allocation
-  /// serves hundreds of lines. With a block for each line, a whole conversion takes 1.5 times as long.
   explicit String(std::string_view bytes);
 
   /// A string of at most `capacity` bytes: `fill` is given uninitialised room for them and returns how
   /// many it has written. Raises RuntimeException beyond kMaxSize.
-  static String Build(std::size_t capacity, const std::function<std::size_t(char*)>& fill);
+  static String Build(std::uint64_t capacity, const std::function<std::size_t(char*)>& fill);
 
   /// A string of bytes that live as long as the program, such as a literal's.
-  static String OfStaticBytes(const char* data, std::size_t size) { return {{Block(), data}, size}; }
+  static String OfStaticBytes(const char* data, std::size_t size) {
+    return {{std::shared_ptr<const char>(), data}, size};
+  }
 
   std::string_view Bytes() const { return {data_.get(), static_cast<std::size_t>(size_)}; }
 
   /// The bytes from `begin` on, at most `size` of them, shared with this string.
-  String Slice(std::size_t begin, std::size_t size = kMaxSize) const;
+  String Slice(std::size_t begin, std::size_t size = kMaxSize) const {
+    const std::string_view slice = Bytes().substr(begin, size);
+    return {{data_, slice.data()}, slice.size()};
+  }
 
   /// The number of bytes.
   friend std::int32_t LenB(const String& text) { return text.size_; }
   friend bool operator==(const String& a, const String& b) { return a.Bytes() == b.Bytes(); }
 
  private:
-  using Block = std::shared_ptr<char[]>;
-
   String(std::shared_ptr<const char> data, std::size_t size)
       : data_(std::move(data)), size_(static_cast<std::int32_t>(size)) {}
-  static Block Allocate(std::size_t capacity);
-  static String InSharedBlock(std::string_view bytes);
 
   std::shared_ptr<const char> data_;  // the first byte; keeps its block alive
   std::int32_t size_ = 0;
@@ -64,7 +62,7 @@ inline String operator""_s(const char* data, std::size_t size) { return String::
 String RuntimeAddString(const String& first, const String& second);
 
 /// 0 when the strings are equal, byte for byte; otherwise the sign of their order by bytes.
-std::int32_t RuntimeStringCompare(const String& a, const String& b);
+inline std::int32_t RuntimeStringCompare(const String& a, const String& b) { return a.Bytes().compare(b.Bytes()); }
 
 /// The pieces of the text between occurrences of the delimiter, in order, empty ones included. A text
 /// without the delimiter, even an empty one, is one piece. The delimiter must not be empty.
@@ -82,8 +80,8 @@ std::int32_t Asc(const String& text);
 String Chr(std::int32_t code);
 
 /// The decimal number at the start of the text, after white space, read with a decimal point whatever
-/// the user's locale; 0 when there is none, or none that a double can hold. An incomplete exponent is ignored:
-/// "1e" is 1. Words such as "nan" and "inf" are not numbers, and "0x1" is 0.
+/// the user's locale; 0 when there is none, or none that a double can hold. Words such as "nan" and "inf" are
+/// not numbers, and "0x1" is 0.
 double Val(const String& text);
 
 /// The number as an Int32, its fraction cut off; INT32_MIN if it does not fit.

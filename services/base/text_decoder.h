@@ -8,7 +8,7 @@ namespace celestrix {
 /// The bytes of a text file as UTF-8 text:
 ///
 ///   first bytes         read as
-///   EF BB BF            what follows, as below
+///   EF BB BF            like others; the mark is not part of the text
 ///   FF FE               UTF-16, least significant byte first; the mark is not part of the text
 ///   FE FF               UTF-16, most significant byte first; likewise
 ///   others              UTF-8 if all of it is valid, else Windows-1252

@@ -13,9 +13,4 @@ String TextInputStream::ReadLine() {
   return line;
 }
 
-void TextOutputStream::WriteLine(const String& text) {
-  const String line = RuntimeAddString(text, EndOfLine());
-  file_.sputn(line.Bytes().data(), LenB(line));
-}
-
 }  // namespace celestrix

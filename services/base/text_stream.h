@@ -1,9 +1,7 @@
 // Text files: TextInputStream reads one, TextOutputStream writes one.
 #pragma once
 
-#include <fstream>
-
-#include "services/base/string.h"
+#include "services/base/binary_stream.h"
 
 namespace celestrix {
 
@@ -24,17 +22,17 @@ class TextInputStream {
   String rest_;
 };
 
-/// Writes a text file. The last reference to an open stream closes it.
+/// Writes a text file. Releasing the last reference closes it.
 class TextOutputStream {
  public:
-  explicit TextOutputStream(std::filebuf file) : file_(std::move(file)) {}
+  explicit TextOutputStream(std::ofstream file) : file_(std::move(file)) {}
 
-  /// Writes the text and the EndOfLine. Whether that succeeds is not reported.
-  void WriteLine(const String& text);
-  void Close() { file_.close(); }
+  /// Writes the text and the EndOfLine. A failure is not reported, and nothing is written after it.
+  void WriteLine(const String& text) { file_.Write(RuntimeAddString(text, EndOfLine())); }
+  void Close() { file_.Close(); }
 
  private:
-  std::filebuf file_;
+  BinaryStream file_;
 };
 
 }  // namespace celestrix

@@ -1,11 +1,12 @@
+// Text files are read, decoded and made.
+#include "services/base/folder_item.h"
 #include "services/base/text_decoder.h"
-
 #include "tests/files.h"
 #include "tests/model.h"
 
 using namespace celestrix;
 
-class TestTextDecoder : public QObject {
+class TestTextFiles : public QObject {
   Q_OBJECT
 
  private slots:
@@ -25,7 +26,25 @@ class TestTextDecoder : public QObject {
         QVERIFY2(text == expected, bytes.toHex(' ') + " became " + text.toHex(' ') + ", not " + expected.toHex(' '));
       }
   }
+
+  void aLineEndsAtALineEndingOfAnyKind() {
+    const FolderItem item(WriteFile(folder_.filePath("lines"), "one\r\n\rthree\n\nthe rest\r\n").toStdString());
+    const Ref<TextInputStream> stream = item.OpenAsTextFile();
+    for (const char* line : {"one", "", "three", ""}) QCOMPARE(Bytes(stream->ReadLine()), line);
+    QCOMPARE(Bytes(stream->ReadAll()), "the rest\r\n");
+    QCOMPARE(Bytes(stream->ReadLine()), "");
+  }
+
+  void aTextFileIsMadeWithTheFoldersThatItIsIn() {
+    const QString path = folder_.filePath(QString("Sätze für 卫星, die lange Namen haben/").repeated(12) + "Ω.txt");
+    const FolderItem item(QFileInfo(path).filesystemFilePath());
+    item.CreateTextFile()->WriteLine("line"_s);
+    QCOMPARE(Bytes(item.OpenAsTextFile()->ReadAll()), "line\n");
+  }
+
+ private:
+  QTemporaryDir folder_;
 };
 
-QTEST_APPLESS_MAIN(TestTextDecoder)
-#include "test_text_decoder.moc"
+QTEST_APPLESS_MAIN(TestTextFiles)
+#include "test_text_files.moc"
