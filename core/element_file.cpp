@@ -1,17 +1,13 @@
 #include "core/element_file.h"
 
 #include "core/element_lines.h"
-#include "core/palm_database.h"
-#include "core/pocket_pc_file.h"
 
 namespace celestrix {
 
-void WriteElementFile(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines, ElementFileFormat format) {
-  const bool palm = format == ElementFileFormat::kPalmDatabase;
+void WriteElementFile(const Ref<BinaryStream>& stream, const Ref<StringArray>& lines, const ElementFileFormat& format) {
   const std::int32_t setCount = SetCount(lines);
-  stream->LittleEndian(!palm);
-  const auto writeHeader = palm ? WritePalmHeader : WritePocketPcHeader;
-  writeHeader(stream, setCount);
+  stream->LittleEndian(format.littleEndian);
+  format.writeHeader(stream, setCount);
   WriteRecordData(stream, lines, setCount, stream->Position());
 }
 

@@ -20,8 +20,8 @@ using namespace celestrix;
 /// The file that is written again and again. It is in memory and has no name, so nothing can be left behind.
 const QString output = QString("/proc/self/fd/%1").arg(memfd_create("output", MFD_CLOEXEC));
 
-QByteArray WrittenFile(const Ref<StringArray>& lines, ElementFileFormat format) {
-  const Ref<BinaryStream> stream = FolderItem(output.toStdString()).CreateBinaryFile(*FileTypes1::PDBFile());
+QByteArray WrittenFile(const Ref<StringArray>& lines, const ElementFileFormat& format) {
+  const Ref<BinaryStream> stream = FolderItem(output.toStdString()).CreateBinaryFile(*format.fileType());
   WriteElementFile(stream, lines, format);
   stream->Close();
   return ReadFile(output);
@@ -55,7 +55,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ExpectNone("text " + decoded.toHex(' ') + ", expected " + expected.toUtf8().toHex(' '));
 
   const Ref<StringArray> lines = ElementLines(text);
-  ExpectNone(Difference(WrittenFile(lines, ElementFileFormat::kPalmDatabase), model::SavedFile(expected, true)));
-  ExpectNone(Difference(WrittenFile(lines, ElementFileFormat::kPocketPcFile), model::SavedFile(expected, false)));
+  ExpectNone(Difference(WrittenFile(lines, kElementFileFormats[0]), model::SavedFile(expected, true)));
+  ExpectNone(Difference(WrittenFile(lines, kElementFileFormats[1]), model::SavedFile(expected, false)));
   return 0;
 }

@@ -1,12 +1,12 @@
 # To be sourced, in the project's folder: a virtual display, the program on it, and what a user does and sees there.
 #
-#   use_display wayland    # x11 if there is no such line
+#   use_display wayland    # without this line, X11
 #   use_program PROGRAM    # a Linux program, or an .exe, which then runs under Wine
 #   start_display
 #   start_program; click browse; answer_dialog FILE; close_program press alt+F4
 #
-# The program sees nothing of the caller's desktop: display, home folder and settings are its own. They are removed
-# when the script ends, however it ends. If a step fails, the message says which, and a picture of the screen is left.
+# The program sees nothing of the caller's desktop: display, home folder and settings are its own. They are removed when
+# the script ends, even after an error. If a step fails, the message says which, and a picture of the screen is left.
 # shellcheck shell=bash disable=SC2034,SC2317,SC2329
 
 example=examples/stations.txt
@@ -18,14 +18,14 @@ declare -A places=([browse]='60 390' [palm]='190 390' [pocket_pc]='300 390' [sav
 field_text='30 91 436 255' # left, top, width, height
 scale=1
 
-work=$(mktemp -d)
+unset DISPLAY WAYLAND_DISPLAY # the caller's
+work=$(mktemp -d /tmp/celestrix.XXXXXX) # not in TMPDIR: the names of sockets must be short and without spaces
 folder="$work/Sätze von heute" # its name has spaces and a letter beyond ASCII
 display_id=
 program_id=
-helpers=() # other processes that end with the script
-closing=no
+declare -A processes=() # by name: those that must not end before the script
 out=$PWD/out
-end_system() { :; } # what else has to end with the script
+end_system() { :; } # ends what else must end with the script
 skipped=77 # the status of a test that lacks a tool
 
 # need COMMAND...: ends the script if one of these commands or files is missing.
@@ -57,7 +57,7 @@ use_linux() {
   select_all=(ctrl+a)
   name_for_program() { echo "$1"; }
   end_session() { kill -TERM "$program_id"; }
-  may_be_ended_by() { false; } # with another status than 0
+  may_be_ended_by() { false; } # whether this command may make it exit with a status other than 0
 }
 
 use_wine() {
@@ -71,18 +71,19 @@ use_wine() {
   select_all=(Home shift+End) # the name field of the system's dialogs knows no Ctrl+A
   name_for_program() { windows_path "$1"; }
   end_session() { start wine wineboot --end-session; }
-  may_be_ended_by() { [[ $1 == end_session ]]; } # it does not wait until the programs that it asked have ended
+  may_be_ended_by() { [[ $1 == end_session ]]; } # it does not wait for the programs that it has asked to end
   end_system() { env -i "${environment[@]}" wineserver -k; }
 }
 
 # ---- What runs
 
 clean_up() {
-  local status=$? helper
+  local status=$? process
   ((status == 0 || status == skipped)) || explain_failure >&2
   exec 2>/dev/null # hides the shell's messages about killed processes
-  for helper in "$program_id" "${helpers[@]}"; do
-    [[ -z $helper ]] || kill -KILL "$helper" || true
+  unset 'processes[The display]'
+  for process in "$program_id" "${processes[@]}"; do
+    [[ -z $process ]] || kill -KILL "$process" || true
   done
   end_system
   # The window manager ends with the display. The display gets SIGTERM: it has files of its own to remove.
@@ -93,7 +94,7 @@ clean_up() {
 }
 trap clean_up EXIT
 trap 'exit 1' HUP INT TERM
-need Xvfb openbox xdotool xclip import convert
+need Xvfb openbox xdotool xclip import convert setpriv
 
 promise= # what is being checked, in words
 fail() {
@@ -105,9 +106,9 @@ explain_failure() {
   local picture=${0##*/}
   picture=$out/${picture%.*}.failure.png
   echo "${0##*/} failed${promise:+. Broken: $promise}"
-  [[ -z $program_id || $closing == yes ]] || ! has_ended || echo 'The program has ended.'
+  ended_processes
   [[ ! -s $work/log ]] || tail -n 20 "$work/log"
-  if [[ -n $display_id ]] && picture_of_screen "$picture"; then echo "The screen: $picture"; fi
+  if [[ -v DISPLAY ]] && picture_of_screen "$picture"; then echo "The screen: $picture"; fi
 }
 
 # await WHAT COMMAND...: repeats the command until it succeeds.
@@ -115,22 +116,30 @@ await() {
   local what=$1 end=$((SECONDS + patience))
   shift
   until "$@" 2>/dev/null; do
-    require_program "$what"
+    require_processes "$what"
     ((SECONDS < end)) || fail "expected: $what; not in $patience seconds"
     sleep 0.1
   done
 }
 
-require_program() { [[ -z $program_id || $closing == yes ]] || ! has_ended || fail "expected: $1"; }
+# require_processes WHAT: fails if one has ended, because WHAT would then never come.
+require_processes() { [[ -z $(ended_processes) ]] || fail "expected: $1"; }
+ended_processes() {
+  local name
+  for name in "${!processes[@]}"; do
+    kill -0 "${processes[$name]}" 2>/dev/null || echo "$name has ended."
+  done
+}
 
-# Runs a command in the background, in an environment of its own. $! is then its process number.
-start() { env -i "${environment[@]}" "$@" &>>"$work/log" & }
+# Runs a command in the background, in an environment of its own, and sets $! to its process number. It ends with the
+# script, even if that is killed.
+start() { setpriv --pdeathsig KILL env -i "${environment[@]}" "$@" &>>"$work/log" & }
 
 # start_program [NAME=VALUE...]: with these variables in its environment.
 start_program() {
   start "$@" "${launcher[@]}" "$program"
   program_id=$!
-  closing=no
+  processes[The program]=$!
   await 'the window' find_window
   await 'the window has the keyboard focus' is_active
 }
@@ -138,7 +147,7 @@ start_program() {
 # close_program COMMAND...: closes it by this command, and waits for its end.
 close_program() {
   local status=0
-  closing=yes
+  unset 'processes[The program]'
   "$@"
   await 'the end of the program' has_ended
   wait "$program_id" 2>/dev/null || status=$?
@@ -162,8 +171,9 @@ start_display() {
 
 start_xvfb() {
   # Keys do not repeat: on a slow machine none would be released in time.
-  Xvfb -r -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" &>>"$work/log" &
+  setpriv --pdeathsig TERM Xvfb -r -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$work/display" &>>"$work/log" &
   display_id=$!
+  processes[The display]=$!
   await 'the virtual display' grep -q . "$work/display"
   DISPLAY=:$(<"$work/display")
   export DISPLAY
@@ -181,7 +191,7 @@ move_mouse() { xdotool mousemove --window "$window" "$1" "$2"; }
 move_mouse_away() { xdotool mousemove 1279 1023; }
 mouse_button() { xdotool "mouse$1" 1; } # down, up
 
-put_into_clipboard() { xclip -selection clipboard &>>"$work/log"; } # from the standard input
+copy() { xclip -selection clipboard &>>"$work/log"; } # from the standard input
 clipboard() { xclip -selection clipboard -o; }
 
 picture_of_window() { timeout 20 import -silent -window "$window" ppm:-; }
@@ -213,6 +223,14 @@ click() {
   mouse_button up
 }
 
+# Puts the standard input into the clipboard. xclip ends before the clipboard has the text.
+put_into_clipboard() {
+  cat >"$work/put"
+  copy <"$work/put"
+  await 'the text in the clipboard' clipboard_is_put
+}
+clipboard_is_put() { clipboard | cmp -s - "$work/put"; }
+
 # choose_file PATH: in the dialog that a click has opened.
 choose_file() {
   await 'a dialog' has_dialog
@@ -226,7 +244,7 @@ answer_dialog() {
   choose_file "$1"
   if [[ ${2:-} == replace ]]; then
     await 'the question whether to replace the file' has_question
-    press alt+y
+    await 'the end of the question' agrees
   fi
   await 'the end of the dialog' is_back
 }
@@ -238,8 +256,10 @@ dismiss_dialog() {
 }
 
 has_dialog() { dialog=$(active_window) && [[ $dialog != "$window" ]]; }
-has_question() { [[ $(active_window) != "$dialog" ]]; }
-# When two dialogs end at once, or one under Wine, no window may have the focus.
+has_question() { local now && now=$(active_window) && [[ $now != "$dialog" && $now != "$window" ]]; }
+# On a busy machine the keys may go to the dialog below the question, and are pressed again.
+agrees() { ! has_question || { press alt+y && sleep 0.3 && ! has_question; }; }
+# After two dialogs have ended at once, or one under Wine, it can be that no window has the focus.
 is_back() { [[ $(visible_windows) == "$window" ]] && activate && is_active; }
 
 browse_example() {

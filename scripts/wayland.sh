@@ -1,5 +1,5 @@
-# To be sourced after scripts/display.sh, for Wayland instead of X11: use_display does it. sway shows its screen on the
-# virtual display, so mouse, keys and pictures are the same as for X11.
+# Sourced by use_display in scripts/display.sh, for Wayland instead of X11. sway shows its screen on the virtual
+# display, so mouse, keys and pictures are the same as for X11.
 # shellcheck shell=bash disable=SC2034,SC2154
 
 need sway wl-copy jq
@@ -25,7 +25,7 @@ END
   start "${as_nobody[@]}" env XDG_RUNTIME_DIR="$work/sway" WLR_BACKENDS=x11 WLR_RENDERER=pixman \
     DISPLAY="$DISPLAY" sway --config "$work/sway/config"
   sway_id=$!
-  helpers+=("$sway_id")
+  processes[sway]=$!
   await 'sway' grep -q . "$work/sway/ready"
   local socket
   read -r socket SWAYSOCK <"$work/sway/ready"
@@ -50,7 +50,7 @@ move_mouse() {
   xdotool mousemove $((left + $1)) $((top + $2))
 }
 
-put_into_clipboard() { wl-copy --type 'text/plain;charset=utf-8'; }
+copy() { wl-copy --type 'text/plain;charset=utf-8'; }
 clipboard() { wl-paste --no-newline; }
 
 picture_of_window() {

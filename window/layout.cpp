@@ -1,6 +1,4 @@
 // The layout of the window: a table of its controls, in the order in which they are made and Tab visits them.
-#include "core/save_command.h"
-#include "services/ui/application.h"
 #include "window/menu_bar.h"
 #include "window/window1.h"
 
@@ -31,15 +29,6 @@ EventHandler Call(void (Window1::*handler)()) {
 
 }  // namespace
 
-Ref<Window1> Window1::Shared() {
-  const String className = "Window1.Window1"_s;
-  if (const Ref<Window> open = ImplicitWindow(className)) return open.As<Window1>();
-  Ref<Window1> window = New<Window1>();
-  AddImplicitWindow(className, window);
-  window->Open();
-  return window;
-}
-
 void Window1::Layout() {
   MenuBar(MenuBar1::Shared());
   _SetProperties(Self(), kWindow);
@@ -52,9 +41,10 @@ void Window1::_CreateControls0() {
   const ControlRow rows[] = {
     {New<StaticText>(), {.Name = "StaticText1",
       .Left = 20, .Top = 14, .Width = 466, .Height = 55, .Locks = kLeft | kTop | kRight,
-      .LabelOf = "txt", .Caption = kInstructions, .TextColor = 0x7F7F7F}, {}},
+      .Caption = kInstructions, .TextColor = 0x7F7F7F}, {}},
     {New<EditField>(), {.Name = "txt",
-      .Left = 20, .Top = 81, .Width = 466, .Height = 275, .Locks = kLeft | kTop | kRight | kBottom},
+      .Left = 20, .Top = 81, .Width = 466, .Height = 275, .Locks = kLeft | kTop | kRight | kBottom,
+      .AccessibleName = "Satellite elements", .AccessibleDescription = kInstructions},
       {{"Open", Call(&Window1::txt_Open)},
        {"DropObject", [](const Ref<Window>& self, const Event& event) {
          self.As<Window1>()->txt_DropObject(event.item, event.action); }},
@@ -83,11 +73,5 @@ void Window1::_CreateControls0() {
     for (const auto& [event, handler] : row.handlers) _InstallInstanceEventHandler(row.control, event, handler);
   }
 }
-
-void Window1::AddMenuHandlers(const Ref<Window>& window) { window.As<Window1>().RaiseIfNull(); }
-
-void Window1::SaveBtn_Action() { Save(Self()); }
-
-Ref<Window1> Window1::Self() { return Ref<Window>(shared_from_this()).As<Window1>(); }
 
 }  // namespace celestrix

@@ -1,11 +1,7 @@
-// The remembered format choice: one line in a file in the user's preferences folder.
-//
-//   line   written when                      read as
-//   "0"    FileFormat(0) (Palm) is chosen    choose FileFormat(0)
-//   "1"    it is not                         choose FileFormat(1)
-//
-// If there is no file, an empty file or a folder of that name, Palm is chosen. Any other number is an error, and
-// nothing is chosen.
+// The remembered format choice: one line in a file in the user's preferences folder, the index of the format
+// (core/element_file.h). If there is no file, an empty file or a folder of that name, the first format is chosen. An
+// index that no format has is an error, and nothing is chosen.
+#include "core/save_command.h"
 #include "services/ui/application.h"
 #include "services/ui/preferences_folder.h"
 #include "window/window1.h"
@@ -33,7 +29,7 @@ void Window1::Event_Close() {
   if (const Ref<FolderItem> file = PreferencesFile()) {
     file->Delete();
     const Ref<TextOutputStream> stream = file->CreateTextFile();
-    stream->WriteLine(ControlNamed<RadioButton>("FileFormat"_s, 0)->Value() ? "0"_s : "1"_s);
+    stream->WriteLine(Chr('0' + ChosenFormat(Self())));
     stream->Close();
   }
   Quit(0);

@@ -1,5 +1,6 @@
 // Window1: the program's one window.
 //
+//   window1.cpp           the window itself, and SaveBtn_Action
 //   layout.cpp            its controls, their positions and their event handlers
 //   text_acquisition.cpp  how text gets into the field: txt_Open, txt_DropObject, txt_TextChange, BrowseBtn_Action
 //   preferences.cpp       the remembered format choice: Event_Open, Event_Close

@@ -45,11 +45,11 @@ void ReleaseImplicitWindows();
 /// Ends the application with that exit code. No other handler runs.
 void Quit(std::int32_t exitCode);
 
-/// Asks the application to quit, for the user or the platform: cancels dialogs and closes the windows, whose close
-/// handlers end the program.
+/// Asks the application to quit, on behalf of the user: cancels dialogs and closes the windows, whose close handlers
+/// end the program.
 void RequestQuit();
-/// The same for the system, when nobody may be there to answer: from now on dialogs are cancelled at once, and no
-/// alert is shown.
+/// The same on behalf of the system, when nobody may be there to answer: from now on dialogs are cancelled at once, and
+/// no alert is shown.
 void RequestQuitBySystem();
 bool IsEndedBySystem();
 

@@ -31,8 +31,9 @@ struct ControlProperties {
   unsigned Locks = 0;
   /// The name of the group box that contains the control; empty if it is directly in the window.
   const char* InitialParent = "";
-  /// The name of the control, later in the layout, that a static text labels; screen readers use it.
-  const char* LabelOf = "";
+  /// What screen readers say about a control without a caption: its name, and more on request.
+  const char* AccessibleName = "";
+  const char* AccessibleDescription = "";
   /// The text of a static text, button or group box.
   const char* Caption = "";
   bool Enabled = true;
@@ -104,8 +105,8 @@ class PushButton : public RectControl {
   ToolkitWidget MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
 
-/// One choice of several: choosing it clears the others of the same parent. A user's click is queued with the
-/// handlers, so that no handler sees the choice change while it runs.
+/// One choice of several: choosing it clears the others of the same parent. The user can choose at any time, even while
+/// a handler runs.
 class RadioButton : public RectControl {
  public:
   bool Value() const;
@@ -117,35 +118,31 @@ class RadioButton : public RectControl {
 
 /// The text field. Raises
 ///   "Open"        once, when its window opens;
-///   "TextChange"  whenever its text changes, also when the program sets it;
+///   "TextChange"  whenever its text changes, even if the program sets it;
 ///   "DropObject"  when something that it accepts is dropped on it from outside. (Dragging a selection within the
 ///                 field is an edit.) A drop always copies; a source that does not allow that is refused.
 class EditField : public RectControl {
  public:
   /// The whole text. Only EndOfLine separates its lines, however the text came in; all other characters are as they
-  /// were set, typed or pasted. Edits that wait (see below) are done first, while the event loop goes on.
-  String Text();
+  /// were set, typed or pasted.
+  String Text() const;
   /// Replaces all of the text, at once. The screen follows in slices, between events, so that the window stays
-  /// responsive; the same holds for a paste. Until the field shows all of its text, keys and menu commands wait, and
-  /// clicks are ignored. Raises an error, and changes nothing, if there is not enough memory, or if it would take
-  /// unbearably long to show the text: if it has more than 4 million lines, or a line of more than a million
-  /// characters, where a character beyond U+02FF counts as a hundred.
+  /// responsive; the same holds for a paste. If the user touches the field before that, it shows the rest at once.
+  /// Raises an error, and changes nothing, if there is not enough memory, or if showing the text would take unbearably
+  /// long: if it has more than 4 million lines, or a line of more than a million characters, where a character beyond
+  /// U+02FF counts as a hundred.
   void Text(const String& text);
-  /// Whether there is no text. Unlike Text, this takes the same time for every length.
+  /// Whether there is no text. Unlike Text, this takes the same time for any length.
   bool IsEmpty() const;
 
   /// Lets the field accept files of the registered type of that name. A file of another type is refused.
   void AcceptFileDrop(const String& fileType);
-  /// Lets it accept text. The address of a file on another computer is text.
+  /// Lets it accept text. The address of a page (http) is text; that of a file on another computer is refused.
   void AcceptTextDrop();
 
  private:
   ToolkitWidget MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) override;
 };
-
-/// Applies a layout's properties to a control that has been added to its window. Must be called before the window is
-/// shown, because that positions the controls. Raises NilObjectException if InitialParent names no earlier control.
-void _SetProperties(const Ref<RectControl>& control, const ControlProperties& properties);
 
 /// Connects an event of the control to a handler, which replaces an earlier one.
 void _InstallInstanceEventHandler(const Ref<Control>& control, const char* event, EventHandler handler);

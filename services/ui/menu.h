@@ -22,9 +22,9 @@ class MenuItem {
 
   String Name;
   String Text;              // "&" stands before the access letter
-  String KeyboardShortcut;  // "Cmd+" and a letter, "Cmd" being the platform's key for commands; or empty
-  /// The framework enables the item exactly while its command applies. If false, the item stays disabled. (A menu is
-  /// always enabled.)
+  String KeyboardShortcut;  // "Cmd+" and a letter, where "Cmd" is the platform's command key; or empty
+  /// The item is enabled if its command applies when its menu opens. If false, it stays disabled. (A menu is always
+  /// enabled.)
   bool AutoEnable = false;
 
   void Append(const Ref<MenuItem>& item) { items_.push_back(item); }

@@ -52,13 +52,17 @@ class Window : public std::enable_shared_from_this<Window> {
 
   Ref<celestrix::MenuBar> menuBar_;
   std::vector<Ref<RectControl>> controls_;  // in the order in which they were added
-  // The toolkit's window, which owns the widgets of all controls. It is the last member, and so is destroyed first:
-  // meanwhile its widgets may still call their controls.
+  // The toolkit's window, which owns the widgets of all controls. It is the last member, so it is destroyed first: its
+  // widgets may still call their controls meanwhile.
   std::unique_ptr<Frame> frame_;
 };
 
 /// Applies a layout's properties to the window.
 void _SetProperties(const Ref<Window>& window, const WindowProperties& properties);
+
+/// Applies a layout's properties to a control that has been added to its window. Must be called before the window is
+/// shown, because that positions the controls. Raises NilObjectException if InitialParent names no earlier control.
+void _SetProperties(const Ref<RectControl>& control, const ControlProperties& properties);
 
 /// The window's control of that name; the member of the control set of that name with that index. Null when
 /// there is none.

@@ -19,11 +19,16 @@ class TestElementFile : public QObject {
 
   void oneSetIsSavedAsItsDumpsShow() {
     const QString text = ReadFile(TEST_DATA "one-set.txt");
-    QCOMPARE(Difference(Saved(text, true), Dump("one-set.pdb.txt").bytes), "");
-    QCOMPARE(Difference(Saved(text, false), Dump("one-set.ppc.txt").bytes), "");
+    QCOMPARE(Difference(Saved(text, kPalm), Dump("one-set.pdb.txt").bytes), "");
+    QCOMPARE(Difference(Saved(text, kPocketPc), Dump("one-set.ppc.txt").bytes), "");
   }
 
-  void ofNoSetsTheHeaderIsSaved() { CompareWithModel(""); }
+  void aLineFillsItsSlotOrIsDropped() {
+    const QString x60(60, 'x');
+    const QStringList kept = {"short", "71 bytes   " + x60, "before CR " + x60 + "\r"};
+    const QStringList dropped = {"72 bytes    " + x60, "spaces" + QString(66, ' '), "é: 72 bytes" + x60, " \t\u3000"};
+    for (const QString& line : kept + dropped) CompareWithModel(line + "\n1\n2\n3");
+  }
 
   void moreSetsAreSavedThanThePalmCountHolds() {
     CompareWithModel(QString("even\nodd\n \n").repeated(3 * 32769) + "left over\n\nlikewise");
@@ -36,38 +41,34 @@ class TestElementFile : public QObject {
     }
   }
 
-  // The window lives on these yields while it saves.
-  void everyLoopYieldsOnceInEachPass() {
-    const Ref<StringArray> lines = Split(Text("abc\n \n" + QByteArray(71, 'x') + "\n" + QByteArray(70, 'x')), "\n"_s);
-    QCOMPARE(YieldsOf([&] { Normalise(lines); }), 4 + 68 + 1);  // lines, and their NUL bytes
-    QCOMPARE(YieldsOf([&] { WriteRecordData(NewFile(), lines, 1, 0); }), 3);
-    QCOMPARE(YieldsOf([&] { WritePalmHeader(NewFile(), 5000); }), 32 - 20 + 5000);  // NUL bytes of the name, sets
+  // The window lives on this task while it saves. An exception in it ends one save, not the task of the next one.
+  void everyLoopRunsTheTask() {
+    BackgroundTask::Install([] { throw RuntimeException("from the task"); });
+    const int passes = BackgroundTask::kPassesPerRun + 10;
+    const Ref<StringArray> lines = Split(Text((QByteArray(71, 'x') + "\n").repeated(passes)), "\n"_s);
+    const Ref<BinaryStream> stream = NewFile();
+    QCOMPARE(ErrorOf([&] { Normalise(lines); }), "from the task");
+    QCOMPARE(ErrorOf([&] { WriteRecordData(stream, lines, passes / 3, 0); }), "from the task");
+    QCOMPARE(ErrorOf([&] { WritePalmHeader(stream, passes); }), "from the task");
+    BackgroundTask::Install(nullptr);
   }
 
  private:
+  static constexpr std::size_t kPalm = 0, kPocketPc = 1;  // as the radio buttons are numbered
+
   Ref<BinaryStream> NewFile() { return FolderItem(path_.toStdString()).CreateBinaryFile(*FileTypes1::PDBFile()); }
 
-  QByteArray Saved(const QString& text, bool palm) {
+  QByteArray Saved(const QString& text, std::size_t format) {
     const Ref<BinaryStream> stream = NewFile();
-    stream->LittleEndian(palm);  // the other format's order, which must not matter
-    WriteElementFile(stream, ElementLines(Text(text.toUtf8())),
-                     palm ? ElementFileFormat::kPalmDatabase : ElementFileFormat::kPocketPcFile);
+    stream->LittleEndian(format == kPalm);  // the other format's order, which must not matter
+    WriteElementFile(stream, ElementLines(Text(text.toUtf8())), kElementFileFormats[format]);
     stream->Close();
     return ReadFile(path_);
   }
 
   void CompareWithModel(const QString& text) {
-    for (const bool palm : {true, false}) QCOMPARE(Difference(Saved(text, palm), model::SavedFile(text, palm)), "");
-  }
-
-  /// The task runs at the first yield and then at every so many: what is left until its next run tells the number.
-  static int YieldsOf(const std::function<void()>& loop) {
-    int runs = 0, left = 0;
-    BackgroundTask::Install([&runs] { ++runs; });
-    loop();
-    for (const int before = runs; runs == before; ++left) RuntimeBackgroundTask();
-    BackgroundTask::Install(nullptr);
-    return (runs - 1) * BackgroundTask::kPassesPerRun + 1 - left;
+    for (const auto format : {kPalm, kPocketPc})
+      QCOMPARE(Difference(Saved(text, format), model::SavedFile(text, format == kPalm)), "");
   }
 
   QTemporaryDir folder_;

@@ -15,19 +15,12 @@ same() {
 field_holds() {
   local end=$((SECONDS + patience))
   click field
-  until copy_field && cmp -s "$1" "$work/copied.txt"; do
-    require_program "the text of $1 in the field"
-    if ((SECONDS >= end)); then same 'the text in the field' "$1" "$work/copied.txt"; fi
-  done
-}
-copy_field() {
-  local turn
   put_into_clipboard <<<'nothing was copied'
-  press ctrl+a ctrl+c
-  for turn in {1..10}; do
-    clipboard >"$work/copied.txt" 2>/dev/null || true
-    if [[ $(<"$work/copied.txt") != 'nothing was copied' ]]; then return; fi
-    sleep 0.1
+  until clipboard >"$work/copied.txt" 2>/dev/null && cmp -s "$1" "$work/copied.txt"; do
+    require_processes "the text of $1 in the field"
+    ((SECONDS < end)) || same 'the text in the field' "$1" "$work/copied.txt"
+    press ctrl+a ctrl+c
+    sleep 1 # a copy that comes late would get into the clipboard of a later step
   done
 }
 

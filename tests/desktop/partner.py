@@ -1,11 +1,7 @@
 #!/usr/bin/python3
-# partner.py KIND FILE: another program. Its upper half is dragged, the lower one takes drops.
-#
-# What is dragged is, by KIND, the FILE's "text", or a text that is announced and never comes, because the program
-# "hangs". When that is asked for, there is a file .asked beside FILE; a dropped text goes into one with .dropped.
-import os
+# partner.py FILE: another program. Its upper half is dragged as the FILE's text. A text that is dropped onto the lower
+# one goes into a file .dropped beside FILE.
 import pathlib
-import signal
 import sys
 
 import gi
@@ -14,15 +10,11 @@ gi.require_version("Gdk", "3.0")
 gi.require_version("Gtk", "3.0")
 from gi.repository import Gdk, Gtk  # noqa: E402
 
-kind, file = sys.argv[1], pathlib.Path(sys.argv[2])
+file = pathlib.Path(sys.argv[1])
 
 
 def hand_out(_widget, _context, selection, _info, _time):
-    file.with_suffix(".asked").touch()
-    if kind == "hangs":
-        os.kill(os.getpid(), signal.SIGSTOP)
-    else:
-        selection.set_text(file.read_text(), -1)
+    selection.set_text(file.read_text(), -1)
 
 
 def take(_widget, _context, _left, _top, selection, _info, _time):

@@ -18,8 +18,8 @@ const QString kLongText =
 
 inline void CopyElsewhere(const QString& text) { QGuiApplication::clipboard()->setText(text); }
 
-/// The window and a user who answers everything, so that nothing waits forever: a dialog gets the next file, a question
-/// "Yes", and alerts are read and closed.
+/// The window and a user who answers everything, so that nothing waits forever: a dialog gets the next file, or is
+/// cancelled and fails the test; a question gets "Yes", and alerts are read and closed.
 class TestedWindow final : public QObject {
  public:
   Ref<Window1> window = Window1::Shared();
@@ -29,6 +29,7 @@ class TestedWindow final : public QObject {
   QPushButton* save = frame->findChild<QPushButton*>("SaveBtn");
   QRadioButton* palm = frame->findChildren<QRadioButton*>("FileFormat").value(0);
   QRadioButton* pocket = frame->findChildren<QRadioButton*>("FileFormat").value(1);
+  QWidget* dropsOn = txt->viewport();
   std::function<void(const QFileDialog&)> inDialog;  // done once, before the next file is chosen
 
   TestedWindow() {
@@ -51,7 +52,13 @@ class TestedWindow final : public QObject {
   }
   /// Whether the field shows all of its text.
   bool IsWhole() { return static_cast<TextField*>(txt)->IsWhole(); }
-  QAction* Command(const char* name) { return frame->findChild<QAction*>(name); }
+  /// A command, as its menu shows it.
+  QAction* Command(const char* name) {
+    auto* command = frame->findChild<QAction*>(name);
+    auto* menu = qobject_cast<QMenu*>(command->parent());
+    Q_EMIT menu->aboutToShow();
+    return command;
+  }
 
   /// Drags it over the field and drops it there. Returns the outcome: "copied", "refused" or a fault.
   QString Drop(const QString& text, const QStringList& files = {}, Qt::DropActions offered = ~Qt::DropActions()) {
@@ -59,10 +66,12 @@ class TestedWindow final : public QObject {
     if (!text.isNull()) mime.setText(text);
     if (!files.isEmpty()) mime.setUrls(QUrl::fromStringList(files));
     const QString before = Text();
+    QWidget* target = dropsOn;
+    while (!target->acceptDrops()) target = target->parentWidget();  // which is whom Qt gives the drop to
     for (const auto type : {QEvent::DragEnter, QEvent::DragMove, QEvent::Drop}) {
       // Shift asks for a move.
       QDragMoveEvent event(QPoint(50, 50), offered, &mime, Qt::LeftButton, Qt::ShiftModifier, type);
-      QCoreApplication::sendEvent(txt->viewport(), &event);
+      QCoreApplication::sendEvent(target, &event);
       if (!event.isAccepted()) return type == QEvent::DragEnter ? "refused" : "refused on the way";
       if (event.dropAction() != Qt::CopyAction) return "moved";
     }
@@ -70,6 +79,9 @@ class TestedWindow final : public QObject {
     QTest::qWait(0);
     return "copied";
   }
+
+  /// Drops a text that the field has to take.
+  void Fill(const QString& text) { QCOMPARE(Drop(text), "copied"); }
 
   /// Clicks a button whose handler asks for a file, and chooses this one; an empty name cancels.
   void Click(QPushButton* button, const QString& path) {
@@ -90,9 +102,8 @@ class TestedWindow final : public QObject {
     QWidget* shown = QApplication::activeModalWidget();
     if (shown == nullptr) return;
     if (auto* alert = qobject_cast<QMessageBox*>(shown)) return Read(*alert);
-    auto* chooser = qobject_cast<QFileDialog*>(shown);
-    if (chooser == nullptr || files_.isEmpty()) qFatal("nobody answers “%s”", qPrintable(shown->windowTitle()));
-    Answer(*chooser);
+    if (auto* chooser = qobject_cast<QFileDialog*>(shown)) return Answer(*chooser);
+    qFatal("nobody answers “%s”", qPrintable(shown->windowTitle()));
   }
 
   void Read(QMessageBox& alert) {
@@ -105,12 +116,16 @@ class TestedWindow final : public QObject {
   }
 
   void Answer(QFileDialog& dialog) {
-    QVERIFY2(dialog.parentWidget() == frame, "the dialog does not belong to the window");
-    if (inDialog) std::exchange(inDialog, nullptr)(dialog);
-    const QString file = files_.takeFirst();
-    dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file);
-    if (file.isEmpty()) return dialog.reject();
-    QMetaObject::invokeMethod(&dialog, "accept");
+    const bool isExpected = !files_.isEmpty(), belongsToWindow = dialog.parentWidget() == frame;
+    if (isExpected && inDialog) std::exchange(inDialog, nullptr)(dialog);
+    const QString file = isExpected ? files_.takeFirst() : "";
+    auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+    const QSignalBlocker uncompleted(name);  // where the name has no focus, Qt puts another file that it finds into it
+    name->setText(file);
+    QMetaObject::invokeMethod(&dialog, file.isEmpty() ? "reject" : "accept");
+    // Compared last, as a dialog without an answer would stay.
+    QVERIFY2(isExpected, qPrintable("a dialog that nothing has asked for: " + dialog.windowTitle()));
+    QVERIFY2(belongsToWindow, "the dialog does not belong to the window");
   }
 
   QStringList files_;   // to choose
@@ -125,8 +140,10 @@ int RunTest(int argc, char** argv) {
   const QTemporaryDir home;
   for (const char* folder : {"XDG_CONFIG_HOME", "APPDATA"}) qputenv(folder, home.path().toUtf8());
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-  Program program(argc, argv);
-  QLoggingCategory::setFilterRules({});  // a test may speak
+  char reverse[] = "-reverse";  // as where the language is written from right to left
+  char* arguments[] = {argv[0], reverse, nullptr};
+  int count = 2;
+  Program program(count, arguments);
   program.Start();
   Test test;
   return QTest::qExec(&test, argc, argv);

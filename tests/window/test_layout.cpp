@@ -7,24 +7,22 @@ const QString kInstructions =
     "Drag and drop a text file containing satellite elements onto the field below, or use the Browse... button, or "
     "copy and paste the text file contents into the field. Then click the Save... button to create the Celestrix file.";
 
-struct LaidOut {
-  const char* name;
-  int index = 0;  // in its set
-  QRect at;
-  unsigned locks;
-  QString said;  // its name, as a screen reader says it
+QWidgetList Controls(const TestedWindow& w) {
+  QWidgetList controls;
+  for (const char* name : {"StaticText1", "txt", "BrowseBtn", "SaveBtn", "GroupBox1", "FileFormat"})
+    controls += w.frame->findChildren<QWidget*>(name);
+  return controls;
+}
 
-  QWidget* In(const TestedWindow& w) const { return w.frame->findChildren<QWidget*>(name).at(index); }
-};
-
-const LaidOut kControls[] = {
-    {.name = "StaticText1", .at = {20, 14, 466, 55}, .locks = kLeft | kTop | kRight, .said = kInstructions},
-    {.name = "txt", .at = {20, 81, 466, 275}, .locks = kLeft | kTop | kRight | kBottom, .said = kInstructions},
-    {.name = "BrowseBtn", .at = {20, 380, 80, 20}, .locks = kLeft | kBottom, .said = "Browse..."},
-    {.name = "SaveBtn", .at = {406, 380, 80, 20}, .locks = kRight | kBottom, .said = "Save..."},
-    {.name = "GroupBox1", .at = {143, 360, 221, 46}, .locks = kLeft | kBottom, .said = "Celestrix file format"},
-    {.name = "FileFormat", .at = {153, 380, 81, 20}, .locks = kLeft | kBottom, .said = "Palm (PDB)"},
-    {.name = "FileFormat", .index = 1, .at = {246, 380, 110, 20}, .locks = kLeft | kBottom, .said = "Pocket PC (PPC)"}};
+/// The size of the window's content, and where in it the controls are.
+QString Places(const TestedWindow& w) {
+  const QWidget* content = w.frame->centralWidget();
+  QString places = QDebug::toString(content->size());
+  for (const QWidget* control : Controls(w))
+    places +=
+        ", " + control->objectName() + QDebug::toString(QRect(control->mapTo(content, QPoint()), control->size()));
+  return places.remove("QSize").remove("QRect");
+}
 
 }  // namespace
 
@@ -32,34 +30,33 @@ class TestLayout : public QObject {
   Q_OBJECT
 
  private slots:
-  void controlsKeepTheirDistances_data() {
-    QTest::addColumn<LaidOut>("control");
-    QTest::addColumn<QSize>("growth");
-    for (const LaidOut& control : kControls) {
-      QTest::addRow("%s %d enlarged", control.name, control.index) << control << QSize(1000, 100);
-      QTest::addRow("%s %d as small as can be", control.name, control.index) << control << QSize(64 - 506, 64 - 426);
-    }
-  }
   void controlsKeepTheirDistances() {
-    QFETCH(LaidOut, control);
-    QFETCH(QSize, growth);
+    const QString opened =
+        "(506, 426), StaticText1(20,14 466x55), txt(20,81 466x275), BrowseBtn(20,380 80x20), SaveBtn(406,380 80x20), "
+        "GroupBox1(143,360 221x46), FileFormat(153,380 81x20), FileFormat(246,380 110x20)";
+    const QString enlarged =
+        "(1506, 526), StaticText1(20,14 1466x55), txt(20,81 1466x375), BrowseBtn(20,480 80x20), "
+        "SaveBtn(1406,480 80x20), GroupBox1(143,460 221x46), FileFormat(153,480 81x20), FileFormat(246,480 110x20)";
+    const QString smallest =
+        "(64, 64), StaticText1(20,14 24x55), txt(20,81 24x0), BrowseBtn(20,18 80x20), SaveBtn(-36,18 80x20), "
+        "GroupBox1(143,-2 221x46), FileFormat(153,18 81x20), FileFormat(246,18 110x20)";
     TestedWindow w;
-    w.frame->resize(w.frame->size() + (growth.width() < 0 ? QSize(-999, -999) : growth));
-    QWidget* content = w.frame->centralWidget();
-    QTRY_COMPARE(content->size(), QSize(506, 426) + growth);
-    const auto moved = [&](unsigned edge, int by) { return (control.locks & edge) != 0 ? by : 0; };
-    const int wider = growth.width(), higher = growth.height();
-    QRect expected = control.at.adjusted(wider - moved(kLeft, wider), higher - moved(kTop, higher),
-                                         moved(kRight, wider), moved(kBottom, higher));
-    expected.setSize(expected.size().expandedTo(QSize(0, 0)));
-    const QWidget* widget = control.In(w);
-    QCOMPARE(QRect(widget->mapTo(content, QPoint()), widget->size()), expected);
+    QCOMPARE(TextDifference(Places(w), opened), "");
+    w.frame->resize(w.frame->size() + QSize(1000, 100));
+    QTRY_COMPARE(TextDifference(Places(w), enlarged), "");
+    w.frame->resize(0, 0);
+    QTRY_COMPARE(TextDifference(Places(w), smallest), "");
   }
 
   void controlsAreReadAloud() {
     TestedWindow w;
-    for (const LaidOut& control : kControls)
-      QCOMPARE(QAccessible::queryAccessibleInterface(control.In(w))->text(QAccessible::Name), control.said);
+    QStringList said;
+    for (QWidget* control : Controls(w))
+      said += QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
+    const QStringList expected = {kInstructions,           "Satellite elements", "Browse...",      "Save...",
+                                  "Celestrix file format", "Palm (PDB)",         "Pocket PC (PPC)"};
+    QCOMPARE(said, expected);
+    QCOMPARE(QAccessible::queryAccessibleInterface(w.txt)->text(QAccessible::Description), kInstructions);
   }
 
   void textsLookAsTheLayoutSays() {
@@ -69,19 +66,25 @@ class TestLayout : public QObject {
     QVERIFY(label->wordWrap());
     QCOMPARE(label->alignment(), Qt::AlignLeft | Qt::AlignTop);
     QCOMPARE(label->palette().color(QPalette::WindowText), QColor(0x7F, 0x7F, 0x7F));
-    QCOMPARE(w.txt->palette().color(QPalette::Text), QColor(Qt::black));
-    QCOMPARE(w.txt->palette().color(QPalette::Base), QColor(Qt::white));
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+      QCOMPARE(w.txt->palette().color(group, QPalette::Text), QColor(Qt::black));
+      QCOMPARE(w.txt->palette().color(group, QPalette::Base), QColor(Qt::white));
+    }
   }
+
+  void theWindowIsLeftToRightInEveryLanguage() { QCOMPARE(QGuiApplication::layoutDirection(), Qt::LeftToRight); }
 
   void captionsFitTheirBoxesInEveryFont() {
     SpaceLetters(160);
     TestedWindow w;
-    ExpectThatCaptionsFit(w);
+    QVERIFY(w.frame->findChild<QLabel*>("StaticText1")->heightForWidth(466) <= 55);
+    QVERIFY(w.frame->findChild<QGroupBox*>()->minimumSizeHint().width() <= 221);
+    for (const QAbstractButton* button : w.frame->findChildren<QAbstractButton*>())
+      QVERIFY2(button->fontMetrics().horizontalAdvance(button->text()) < button->width(), qPrintable(button->text()));
     SpaceLetters(100);
-    for (const LaidOut& control : kControls)  // but the choices, whose captions are too wide in some fonts
-      if (!control.In(w)->inherits("QRadioButton")) QVERIFY2(control.In(w)->font().pixelSize() == 11, control.name);
-    SpaceLetters(160);
-    ExpectThatCaptionsFit(w);
+    for (const QWidget* control : Controls(w))  // but the choices, whose captions are too wide in some fonts
+      if (!control->inherits("QRadioButton"))
+        QVERIFY2(control->font().pixelSize() == 11, qPrintable(control->objectName()));
   }
 
   void contentHasItsSizeWhereTheMenuBarIsNotAsHighAsItsHint() {
@@ -97,13 +100,6 @@ class TestLayout : public QObject {
     font.setLetterSpacing(QFont::PercentageSpacing, percent);
     QApplication::setFont(font);
     QCoreApplication::processEvents();  // which is how the controls hear of it
-  }
-
-  static void ExpectThatCaptionsFit(const TestedWindow& w) {
-    QVERIFY(w.frame->findChild<QLabel*>("StaticText1")->heightForWidth(466) <= 55);
-    QVERIFY(w.frame->findChild<QGroupBox*>()->minimumSizeHint().width() <= 221);
-    for (const QAbstractButton* button : w.frame->findChildren<QAbstractButton*>())
-      QVERIFY2(button->fontMetrics().horizontalAdvance(button->text()) < button->width(), qPrintable(button->text()));
   }
 };
 

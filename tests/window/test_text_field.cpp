@@ -1,4 +1,6 @@
 // How texts get into the field: drops, pastes, keys, and what happens while a long text comes in.
+#include <fstream>
+
 #include "tests/window/fixture.h"
 
 class TestTextField : public QObject {
@@ -13,6 +15,7 @@ class TestTextField : public QObject {
   void drops_data() {
     const QString path = WriteFile(folder_.filePath("Windows.TXT"), "a\r\nb\rc\n");
     const QString pdf = WriteFile(folder_.filePath("x.pdf"), "x"), host = QSysInfo::machineHostName();
+    std::ofstream(folder_.path().toStdString() + "/S\xE4tze.txt") << '\xE4';
     QTest::addColumn<QString>("text");
     QTest::addColumn<QStringList>("addresses");
     QTest::addColumn<QString>("shown");
@@ -22,7 +25,10 @@ class TestTextField : public QObject {
     row("a text", "SAT A\r\n1\r2\n", {}, "SAT A\n1\n2\n");
     row("a file before text", "text", {"file://localhost" + path}, "a\nb\nc\n");
     row("a file of this machine by its name", "text", {"file://" + host.toUpper() + path}, "a\nb\nc\n");
-    row("a file of another machine is text", "far", {"file://elsewhere" + path}, "far");
+    row("a file whose name is not UTF-8", "its address", {"file://" + folder_.path() + "/S%E4tze.txt"}, "ä");
+    row("a file of another machine", "its address", {"file://elsewhere" + path}, "before");
+    row("a file of a server", "its address", {"sftp://elsewhere/a.txt"}, "before");
+    row("the address of a page", "its address", {"https://example.org/a.txt"}, "its address");
     row("of two files, the first, of another type", "its name", {"file://" + pdf, "file://" + path}, "before");
     row("an address without text", {}, {"https://example.org/a.txt"}, "before");
   }
@@ -31,21 +37,27 @@ class TestTextField : public QObject {
     QFETCH(QString, text);
     QFETCH(QStringList, addresses);
     QFETCH(QString, shown);
-    w_->Drop("before");
+    w_->Fill("before");
     QCOMPARE(w_->Drop(text, addresses), shown == "before" ? "refused" : "copied");
     QCOMPARE(w_->Text(), shown);
   }
 
   void theTextThatADropReplacesIsFreed() {
     const QPointer<QTextDocument> replaced = w_->txt->document();
-    w_->Drop("text");
+    w_->Fill("text");
     QTRY_VERIFY(replaced.isNull());
+  }
+
+  void aDropOnTheScrollBarIsOneOnTheField() {
+    w_->dropsOn = w_->txt->verticalScrollBar();
+    QCOMPARE(w_->Drop("text"), "copied");
+    QCOMPARE(w_->Text(), "text");
   }
 
   void aDropThatOnlyMovesIsRefused() { QCOMPARE(w_->Drop("text", {}, Qt::MoveAction), "refused"); }
 
   void aTextThatDoesNotArriveChangesNothing() {
-    w_->Drop("before");
+    w_->Fill("before");
     QCOMPARE(w_->Drop(""), "refused on the way");
     CopyElsewhere("");
     w_->txt->selectAll();
@@ -57,7 +69,7 @@ class TestTextField : public QObject {
   // ---- Copying and pasting
 
   void textIsOfferedWithAndWithoutItsEncoding() {
-    w_->Drop("é\nb");
+    w_->Fill("é\nb");
     w_->txt->selectAll();
     w_->txt->copy();
     const QMimeData* const copied = QGuiApplication::clipboard()->mimeData();
@@ -65,38 +77,28 @@ class TestTextField : public QObject {
       QCOMPARE(QString::fromUtf8(copied->data(format)), "é\nb");
   }
 
-  void textWithItsEncodingAloneIsText() {
-    auto* mime = new QMimeData;
-    mime->setData("text/plain;charset=utf-8", "é");
-    QGuiApplication::clipboard()->setMimeData(mime);
-    QVERIFY(w_->Command("EditPaste")->isEnabled());
-    w_->txt->paste();
-    QCOMPARE(w_->Text(), "é");
+  void aPasteIsOneStep_data() {
+    QTest::addColumn<bool>("isWhole");
+    QTest::newRow("that comes in still") << false;
+    QTest::newRow("that has come in") << true;
   }
-
-  void aPasteTakesThePlaceOfTheSelectionAsOneStep() {
+  void aPasteIsOneStep() {
+    QFETCH(const bool, isWhole);
     // It has so many more lines than the pasted text that their difference must not count as memory to ask for.
-    const QString replaced = "before" + QString(125'000, '\n') + "after";
-    w_->Drop(replaced);
+    const QString replaced(125'000, '\n');
+    w_->Fill(replaced);
     QTRY_VERIFY(w_->IsWhole());
-    QTextCursor selection = w_->txt->textCursor();
-    selection.setPosition(6);
-    selection.setPosition(6 + 125'000, QTextCursor::KeepAnchor);
-    w_->txt->setTextCursor(selection);
+    w_->txt->selectAll();
     CopyElsewhere(kLongText);
     QTest::keyClick(w_->txt, Qt::Key_V, Qt::ControlModifier);
-    const QString pasted = "before" + kLongText + "after";
-    QCOMPARE(TextDifference(w_->Text(), pasted), "");
-    QVERIFY2(!w_->IsWhole(), "reading the text waited for its end");
-    QTRY_VERIFY(w_->IsWhole());
-    QCOMPARE(TextDifference(w_->Text(), pasted), "");
-    QCOMPARE(w_->txt->textCursor().position(), 6 + kLongText.size());
-    QVERIFY(w_->txt->viewport()->rect().contains(w_->txt->cursorRect()));
+    QVERIFY2(!w_->IsWhole(), "the whole text came in at once");
+    QTRY_VERIFY(!isWhole || w_->IsWhole());
     w_->Command("EditUndo")->trigger();
     QCOMPARE(TextDifference(w_->Text(), replaced), "");
     QVERIFY(!w_->Command("EditUndo")->isEnabled());
     w_->txt->redo();
-    QCOMPARE(TextDifference(w_->Text(), pasted), "");
+    QCOMPARE(TextDifference(w_->Text(), kLongText), "");
+    QVERIFY(w_->txt->viewport()->rect().contains(w_->txt->cursorRect()));
   }
 
   // ---- What does not fit
@@ -119,7 +121,7 @@ class TestTextField : public QObject {
     QFETCH(QString, text);
     QFETCH(QString, alert);
     const QString whole = "\n<" + text + ">", shown = alert.isNull() ? whole : "\n<>";
-    w_->Drop("\n<>");
+    w_->Fill("\n<>");
     w_->txt->moveCursor(QTextCursor::End);
     w_->txt->moveCursor(QTextCursor::Left);
     CopyElsewhere(text);
@@ -131,7 +133,7 @@ class TestTextField : public QObject {
     QCOMPARE(TextDifference(w_->Text(), shown), "");
   }
 
-  // ---- Keys, and what waits
+  // ---- Keys, and texts that come in
 
   void shiftWithReturnOrEnterEndsTheLine() {
     QTest::keyClick(w_->txt, Qt::Key_Return, Qt::ShiftModifier);
@@ -139,37 +141,38 @@ class TestTextField : public QObject {
     QCOMPARE(w_->Text(), "\n\n");
   }
 
-  void whileATextComesInClicksAreIgnoredAndKeysAndCommandsWait() {
-    CopyElsewhere(kLongText);
-    w_->Drop(kLongText);
-    w_->txt->setFocus();
-    QTest::mouseDClick(w_->txt->viewport(), Qt::LeftButton, {}, QPoint(30, 30));
-    QCOMPARE(TextDifference(w_->Text(), kLongText), "");
-    QVERIFY2(!w_->IsWhole(), "reading the text waited for its end");
-    QTest::keyClick(w_->txt, Qt::Key_X);
-    QTest::keyClick(w_->txt, Qt::Key_V, Qt::ControlModifier);
-    QTest::keyClick(w_->txt, Qt::Key_X);
-    w_->Command("EditSelectAll")->trigger();
-    QTest::keyClick(w_->txt, Qt::Key_X, Qt::ControlModifier);
-    QCOMPARE(w_->Text(), "");
-    // No click moved the cursor.
-    QCOMPARE(TextDifference(QGuiApplication::clipboard()->text(), "x" + kLongText + "x" + kLongText), "");
+  void whoeverTouchesTheFieldGetsTheWholeTextFirst_data() {
+    QTest::addColumn<Deed>("deed");
+    QTest::addColumn<bool>("touches");
+    const auto row = [](const char* name, bool touches, Deed deed) { QTest::newRow(name) << deed << touches; };
+    row("a key", true, [](TestedWindow& w) { QTest::keyClick(w.txt, Qt::Key_Left); });
+    row("a click", true, [](TestedWindow& w) { QTest::mouseClick(w.txt->viewport(), Qt::LeftButton); });
+    row("a double click", true, [](TestedWindow& w) { QTest::mouseDClick(w.txt->viewport(), Qt::LeftButton); });
+    row("a context menu", true, OpensContextMenu);
+    row("an input method", true, Composes);
+    row("a command", true, [](TestedWindow& w) { w.Command("EditSelectAll")->trigger(); });
+    row("a paste", true, [](TestedWindow& w) { w.txt->paste(); });
+    row("Tab", false, [](TestedWindow& w) { QTest::keyClick(w.txt, Qt::Key_Tab); });
+    row("Shift+Tab", false, [](TestedWindow& w) { QTest::keyClick(w.txt, Qt::Key_Backtab); });
+    row("Alt, as for Alt+F4", false, [](TestedWindow& w) { QTest::keyClick(w.txt, Qt::Key_Alt); });
+    row("reading the text", false, [](TestedWindow& w) { w.Text(); });
   }
-
-  void tabLeavesTheFieldWhileATextLoads() {
-    w_->Drop(kLongText);
-    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
-      w_->txt->setFocus();
-      QTest::keyClick(w_->txt, key);
-      QVERIFY2(!w_->txt->hasFocus(), qPrintable(QKeySequence(key).toString()));
-    }
+  void whoeverTouchesTheFieldGetsTheWholeTextFirst() {
+    QFETCH(const Deed, deed);
+    QFETCH(const bool, touches);
+    CopyElsewhere("");
+    w_->txt->setFocus();
+    w_->Fill(kLongText);
     QVERIFY2(!w_->IsWhole(), "the whole text came in at once");
+    deed(*w_);
+    QCOMPARE(w_->IsWhole(), touches);
+    QCOMPARE(TextDifference(w_->Text(), kLongText), "");
   }
 
   void anEditFromElsewhereWhileATextLoadsIsKept() {
     // Fewer bytes than a slice may have, but many more lines.
     const QString lines = QString(100'000, '\n') + "end", edited = QString(lines).insert(3, "edited");
-    w_->Drop(lines);
+    w_->Fill(lines);
     QVERIFY2(!w_->IsWhole(), "many short lines came in at once");
     QAccessible::queryAccessibleInterface(w_->txt)->editableTextInterface()->insertText(3, "edited");
     QCOMPARE(TextDifference(w_->Text(), edited), "");
@@ -177,14 +180,22 @@ class TestTextField : public QObject {
     QCOMPARE(TextDifference(w_->Text(), edited), "");
   }
 
-  void whatWaitsForATextIsForgottenWithIt() {
-    w_->Drop(kLongText);
-    QTest::keyClick(w_->txt, Qt::Key_X);
-    RuntimeWindowControlByName(w_->window, "txt"_s).As<EditField>()->Text("short"_s);
-    QCOMPARE(w_->Text(), "short");
+ private:
+  using Deed = void (*)(TestedWindow&);
+
+  static void OpensContextMenu(TestedWindow& w) {
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {9, 9}, {9, 9});
+    QCoreApplication::sendEvent(w.txt->viewport(), &event);
+    QWidget* menu = QApplication::activePopupWidget();
+    QVERIFY2(menu != nullptr, "the menu waits");
+    menu->close();
   }
 
- private:
+  static void Composes(TestedWindow& w) {
+    QInputMethodEvent event("xing", {});
+    QCoreApplication::sendEvent(w.txt, &event);
+  }
+
   QTemporaryDir folder_;
   std::unique_ptr<TestedWindow> w_;
 };

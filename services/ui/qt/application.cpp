@@ -4,7 +4,6 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QIcon>
-#include <QLoggingCategory>
 #include <QMessageBox>
 #include <QThread>
 #include <QTimer>
@@ -63,7 +62,7 @@ class GuardedApplication final : public QApplication {
     try {
       return QApplication::notify(receiver, event);
     } catch (const std::exception&) {
-      // Another program may wait until the event has been handled, as the source of a drag does. So the error is
+      // Another program, such as the source of a drag, may wait until the event has been handled. So the error is
       // queued, as if a handler had raised it.
       const auto raise = [error = std::current_exception()] { std::rethrow_exception(error); };
       QTimer::singleShot(0, [raise] { RaiseEvent(raise); });
@@ -83,7 +82,7 @@ class GuardedApplication final : public QApplication {
 
 #ifdef Q_OS_WIN
 /// Called when Windows announces the end of the session. The program may then be ended at any moment, or the end may be
-/// cancelled. So what closing keeps is kept now, even while a handler runs, and the program goes on.
+/// cancelled. So what is saved on closing is saved now, even while a handler runs, and the program goes on.
 void KeepWhatClosingKeeps() {
   onlyAnnounced = true;
   try {
@@ -95,12 +94,17 @@ void KeepWhatClosingKeeps() {
 #endif
 
 Runtime::Runtime(int& argc, char** argv, const String& id) {
-  // Keeps Qt's warnings off the terminal. QT_LOGGING_RULES='*=true' brings them back.
-  QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
+  // Keeps Qt's warnings off the terminal. QT_LOGGING_RULES='*=true' brings them back. (Rules that are set by a call
+  // make Qt for Windows open qtlogging.ini in the current folder: before its start, it does not know the program's.)
+  if (!qEnvironmentVariableIsSet("QT_LOGGING_RULES")) qputenv("QT_LOGGING_RULES", "*=false");
   QCoreApplication::setApplicationName(ToQString(id));
   QCoreApplication::setApplicationVersion(QStringLiteral(PROGRAM_VERSION));
   QGuiApplication::setDesktopFileName(ToQString(id));
   toolkit_ = std::make_shared<GuardedApplication>(argc, argv);
+  // Otherwise context menus may show the shortcuts of disabled entries only. (Qt's start applies the desktop's choice.)
+  QCoreApplication::setAttribute(Qt::AA_DontShowShortcutsInContextMenus);
+  // All texts are English, even if the desktop's language is written from right to left.
+  QGuiApplication::setLayoutDirection(Qt::LeftToRight);
   QApplication::setWindowIcon(ProgramIcon());
 #ifdef Q_OS_WIN
   QObject::connect(qApp, &QGuiApplication::commitDataRequest, KeepWhatClosingKeeps);

@@ -9,11 +9,9 @@
 #include <QStyleOptionButton>
 
 #include "services/base/file_type.h"
-#include "services/ui/event_queue.h"
 #include "services/ui/qt/strings.h"
 #include "services/ui/qt/text_field.h"
 #include "services/ui/qt/toolkit_widget.h"
-#include "services/ui/window.h"
 
 namespace celestrix {
 
@@ -28,13 +26,13 @@ void SetColor(QWidget& widget, QPalette::ColorRole role, QRgb color) {
 }
 
 void SetTextSize(QWidget& widget, int pixels) {
-  QFont font;  // not the widget's: all but the size stays the desktop's, even when the desktop's changes
+  QFont font;  // not the widget's: everything but the size keeps following the desktop's font
   font.setPixelSize(pixels);
   widget.setFont(font);
 }
 
-/// Guards a control against the desktop's theme. Its text gets the largest font, up to the given size, with which it
-/// fits, and again whenever the theme's font or style changes. Neither Return nor Escape presses it.
+/// Guards a control against the desktop's theme. Gives its text the largest font that fits, up to the given size, and
+/// does so again whenever the theme's font or style changes. Neither Return nor Escape presses the control.
 class ThemeGuard final : public QObject {
  public:
   ThemeGuard(QWidget* widget, int pixels, std::function<bool()> fits)
@@ -64,8 +62,10 @@ class ThemeGuard final : public QObject {
   const std::function<bool()> fits_;
 };
 
-/// For a button: its caption has to fit into the room that the style leaves for it.
+/// For a button: its caption has to fit into the room that the style leaves for it. A click leaves the focus where it
+/// is, so that the user can go on typing.
 void GuardButton(QAbstractButton* button, const ControlProperties& properties, QStyle::SubElement contents) {
+  button->setFocusPolicy(Qt::TabFocus);
   button->resize(properties.Width, properties.Height);
   new ThemeGuard(button, properties.TextSize, [button, contents] {
     QStyleOptionButton option;
@@ -78,39 +78,9 @@ void GuardButton(QAbstractButton* button, const ControlProperties& properties, Q
 
 TextField& FieldIn(const std::shared_ptr<ToolkitWidget>& widget) { return static_cast<TextField&>(*widget->widget); }
 
-class ChoiceButton final : public QRadioButton {
- public:
-  using QRadioButton::QRadioButton;
-
- protected:
-  void nextCheckState() override {
-    RaiseEvent([this] { setChecked(true); });
-  }
-};
-
 }  // namespace
 
-// ---- Control
-
-void Control::Raise(const char* event, const Event& arguments) {
-  const auto handler = handlers_.find(event);
-  if (handler == handlers_.end()) return;
-  RaiseEvent([me = Ref<Control>(shared_from_this()), handler = handler->second, arguments] {
-    handler(RuntimeSwapSelfAndMe(me), arguments);
-  });
-}
-
-void _InstallInstanceEventHandler(const Ref<Control>& control, const char* event, EventHandler handler) {
-  control->handlers_.insert_or_assign(event, std::move(handler));
-}
-
-Ref<Window> RuntimeSwapSelfAndMe(const Ref<Control>& me) { return me->window_.lock(); }
-
-// ---- RectControl
-
 void RectControl::Enabled(bool enabled) { widget_->widget->setEnabled(enabled); }
-
-// ---- The controls
 
 ToolkitWidget StaticText::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* label = new QLabel(QString::fromUtf8(properties.Caption), parent.widget);
@@ -134,12 +104,15 @@ ToolkitWidget GroupBox::MakeWidget(const ToolkitWidget& parent, const ControlPro
 ToolkitWidget PushButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
   auto* button = new QPushButton(QString::fromUtf8(properties.Caption), parent.widget);
   GuardButton(button, properties, QStyle::SE_PushButtonContents);
-  QObject::connect(button, &QPushButton::clicked, button, [this] { Raise("Action"); });
+  QObject::connect(button, &QPushButton::clicked, button, [this] {
+    TextField::EndComposition();
+    Raise("Action");
+  });
   return {button};
 }
 
 ToolkitWidget RadioButton::MakeWidget(const ToolkitWidget& parent, const ControlProperties& properties) {
-  auto* button = new ChoiceButton(QString::fromUtf8(properties.Caption), parent.widget);
+  auto* button = new QRadioButton(QString::fromUtf8(properties.Caption), parent.widget);
   GuardButton(button, properties, QStyle::SE_RadioButtonContents);
   return {button};
 }
@@ -157,7 +130,7 @@ ToolkitWidget EditField::MakeWidget(const ToolkitWidget& parent, const ControlPr
   return {field};
 }
 
-String EditField::Text() { return FieldIn(widget_).Text(); }
+String EditField::Text() const { return FieldIn(widget_).Text(); }
 void EditField::Text(const String& text) { FieldIn(widget_).SetText(text); }
 bool EditField::IsEmpty() const { return FieldIn(widget_).IsEmpty(); }
 

@@ -5,13 +5,18 @@
 
 namespace celestrix {
 
-QString LocalFile(QUrl address) {
-  for (const QString& here : {QStringLiteral("localhost"), QSysInfo::machineHostName()})
-    if (address.host().compare(here, Qt::CaseInsensitive) == 0) address.setHost({});
-#ifndef Q_OS_WIN  // there, what another machine shares is a file like any other
-  if (!address.host().isEmpty()) return {};
+std::filesystem::path LocalFile(const QUrl& address) {
+  if (!address.isLocalFile()) return {};
+#ifdef Q_OS_WIN  // there, what another machine shares is a file like any other
+  return address.toLocalFile().toStdU16String();
+#else
+  const QString host = address.host();
+  for (const QString& here : {QString(), QStringLiteral("localhost"), QSysInfo::machineHostName()})
+    if (host.compare(here, Qt::CaseInsensitive) == 0)
+      // Not toLocalFile: old archives have names that are not UTF-8.
+      return QByteArray::fromPercentEncoding(address.path(QUrl::FullyEncoded).toLatin1()).toStdString();
+  return {};
 #endif
-  return address.toLocalFile();
 }
 
 }  // namespace celestrix

@@ -20,19 +20,21 @@ namespace {
 struct StandardCommand {
   String name;
   void (*run)(TextField& field);
-  bool (*applies)(const TextField& field, bool clipboardHasText);
+  bool (*applies)(const TextField& field);
 };
 
-bool HasUndo(const TextField& field, bool /*clipboardHasText*/) { return field.document()->isUndoAvailable(); }
-bool HasSelection(const TextField& field, bool /*clipboardHasText*/) { return field.textCursor().hasSelection(); }
-bool HasClipboard(const TextField& /*field*/, bool clipboardHasText) { return clipboardHasText; }
-bool HasText(const TextField& field, bool /*clipboardHasText*/) { return !field.IsEmpty(); }
+bool HasUndo(const TextField& field) { return field.document()->isUndoAvailable(); }
+bool HasSelection(const TextField& field) { return field.textCursor().hasSelection(); }
+bool ClipboardHasText(const TextField& /*field*/) {
+  return TextField::HasText(QGuiApplication::clipboard()->mimeData());
+}
+bool HasText(const TextField& field) { return !field.IsEmpty(); }
 
 const StandardCommand kStandardCommands[] = {
     {"EditUndo"_s, [](TextField& field) { field.undo(); }, HasUndo},
     {"EditCut"_s, [](TextField& field) { field.cut(); }, HasSelection},
     {"EditCopy"_s, [](TextField& field) { field.copy(); }, HasSelection},
-    {"EditPaste"_s, [](TextField& field) { field.paste(); }, HasClipboard},
+    {"EditPaste"_s, [](TextField& field) { field.paste(); }, ClipboardHasText},
     {"EditClear"_s, [](TextField& field) { field.textCursor().removeSelectedText(); }, HasSelection},
     {"EditSelectAll"_s, [](TextField& field) { field.selectAll(); }, HasText},
 };
@@ -43,51 +45,30 @@ const StandardCommand* Find(const String& itemName) {
   return nullptr;
 }
 
-/// Turns menu actions into edit commands and keeps each enabled exactly while it applies. Its parent, a menu bar,
-/// owns it.
+/// Turns menu actions into edit commands, and enables those that apply whenever their menu opens. Nothing is asked
+/// before that: if the program that owns the clipboard hangs, its answer takes seconds, and may differ the next time.
+/// (The field itself handles the commands' keys.) Its parent, a menu bar, owns it.
 class EditCommands final : public QObject {
  public:
   explicit EditCommands(QObject* parent) : QObject(parent) {
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowFocus(now); });
-    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &EditCommands::FollowClipboard);
-    // If the program that owns the clipboard hangs, this waits for seconds, so the window is shown first.
-    QMetaObject::invokeMethod(this, &EditCommands::FollowClipboard, Qt::QueuedConnection);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+      const bool inMenu = now == nullptr || qobject_cast<QMenuBar*>(now) || qobject_cast<QMenu*>(now);
+      if (!inMenu) field_ = dynamic_cast<TextField*>(now);
+    });
   }
 
-  void Add(QAction* action, const StandardCommand& command) {
-    commands_.push_back({action, &command});
-    connect(action, &QAction::triggered, this, [this, run = command.run] {
-      if (field_) field_->WhenWhole([field = field_, run] { run(*field); });
+  void Add(QMenu& menu, QAction* action, const StandardCommand& command) {
+    connect(&menu, &QMenu::aboutToShow, action,
+            [this, action, &command] { action->setEnabled(field_ && command.applies(*field_)); });
+    connect(action, &QAction::triggered, this, [this, &command] {
+      if (!field_) return;
+      field_->Settle();
+      command.run(*field_);
     });
   }
 
  private:
-  void FollowFocus(QWidget* now) {
-    const bool inMenu = now == nullptr || qobject_cast<QMenuBar*>(now) || qobject_cast<QMenu*>(now);
-    if (inMenu || now == field_) return;
-    if (field_) disconnect(field_, nullptr, this, nullptr);
-    field_ = dynamic_cast<TextField*>(now);
-    if (field_) {
-      connect(field_, &TextField::copyAvailable, this, &EditCommands::Update);
-      connect(field_, &TextField::cursorPositionChanged, this, &EditCommands::Update);  // undoing ends a selection
-      connect(field_, &TextField::textChanged, this, &EditCommands::Update);
-    }
-    Update();
-  }
-
-  void FollowClipboard() {
-    clipboardHasText_ = TextField::HasText(QGuiApplication::clipboard()->mimeData());
-    Update();
-  }
-
-  void Update() {
-    for (const auto& [action, command] : commands_)
-      action->setEnabled(field_ && command->applies(*field_, clipboardHasText_));
-  }
-
-  std::vector<std::pair<QAction*, const StandardCommand*>> commands_;
-  QPointer<TextField> field_;      // the field that has the focus; opening a menu does not take it away
-  bool clipboardHasText_ = false;  // asked only when the clipboard changes: its owner may be slow to answer
+  QPointer<TextField> field_;  // the field that has the focus; opening a menu does not take it away
 };
 
 // ---- The menus
@@ -107,7 +88,7 @@ void BuildItem(QMenu& menu, const MenuItem& item, EditCommands& editCommands) {
   action->setShortcut(ToKeySequence(item.KeyboardShortcut));
   action->setEnabled(false);
   if (!item.AutoEnable) return;
-  if (const StandardCommand* command = Find(item.Name)) return editCommands.Add(action, *command);
+  if (const StandardCommand* command = Find(item.Name)) return editCommands.Add(menu, action, *command);
   action->setEnabled(true);
   if (dynamic_cast<const QuitMenuItem*>(&item) == nullptr) return;
   action->setMenuRole(QAction::QuitRole);

@@ -37,6 +37,7 @@ void CatchTerminationSignals(const std::function<void()>& whenRaised) {
     }
     whenRaised();
   });
+  signal(SIGXFSZ, SIG_IGN);  // exceeding the system's file size limit only makes the write fail
   for (const int signal : {SIGHUP, SIGINT, SIGTERM}) {
     struct sigaction action = {};
     sigaction(signal, nullptr, &action);

@@ -1,7 +1,8 @@
 #include "services/ui/qt/text_field.h"
 
 #include <QDropEvent>
-#include <QFileInfo>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QTextBlock>
 #include <QUrl>
 #include <algorithm>
@@ -16,11 +17,11 @@ namespace {
 constexpr int kMostLineEnds = 1 << 22;
 // In a line of a million plain characters, Qt needs some 0.5 s for each key. Characters beyond U+02FF, whose first byte
 // is this one or a greater one, may take a hundred times as long.
-constexpr std::size_t kLongestLine = 1'000'000;
-constexpr std::ptrdiff_t kCostOfOther = 100;
+constexpr std::uint64_t kLongestLine = 1'000'000;
+constexpr std::uint64_t kCostOfOther = 100;
 constexpr unsigned char kFirstByteOfOther = 0xCC;
 
-constexpr char kUtf8Text[] = "text/plain;charset=utf-8";
+constexpr char kPlainText[] = "text/plain", kUtf8Text[] = "text/plain;charset=utf-8";
 
 /// The text with EndOfLine wherever the field would end a line. Qt also ends lines at a paragraph separator and at two
 /// non-characters.
@@ -34,15 +35,17 @@ String WithEndOfLines(const String& text) {
 QString WithLineFeeds(QString raw) { return raw.replace(QChar::ParagraphSeparator, QChar::LineFeed); }
 
 /// The number of plain characters that take Qt as long as this line.
-std::size_t CostOf(std::string_view line) {
-  const auto isFirst = [](unsigned char byte) { return (byte & 0xC0) != 0x80; };
-  const auto isFirstOfOther = [](unsigned char byte) { return byte >= kFirstByteOfOther; };
-  return static_cast<std::size_t>(std::ranges::count_if(line, isFirst) +
-                                  (kCostOfOther - 1) * std::ranges::count_if(line, isFirstOfOther));
+std::uint64_t CostOf(std::string_view line) {
+  std::uint64_t cost = 0;
+  for (const char c : line) {
+    const auto byte = static_cast<unsigned char>(c);
+    if ((byte & 0xC0) != 0x80) cost += byte >= kFirstByteOfOther ? kCostOfOther : 1;
+  }
+  return cost;
 }
 
 /// Raises RuntimeException if it would take Qt unbearably long to show the text together with that many other lines,
-/// and std::bad_alloc if there is not enough memory to replace that many lines by it.
+/// and std::bad_alloc if there is not enough memory to replace that many lines with it.
 void RequireThatItFits(std::string_view text, int otherLines, int replacedLines) {
   const std::size_t bytes = text.size();
   for (int lineEnds = 0;; ++lineEnds) {
@@ -57,7 +60,7 @@ void RequireThatItFits(std::string_view text, int otherLines, int replacedLines)
   }
 }
 
-/// The same for a text that is to replace what the cursor selects: it joins the lines at both ends.
+/// The same for a text that is to replace the cursor's selection, and so joins the lines at both ends.
 void RequireThatItFits(const String& text, const QTextCursor& place) {
   const QTextDocument& document = *place.document();
   const QTextBlock first = document.findBlock(place.selectionStart()), last = document.findBlock(place.selectionEnd());
@@ -68,16 +71,26 @@ void RequireThatItFits(const String& text, const QTextCursor& place) {
   RequireThatItFits(joined.Bytes(), document.blockCount() - 1 - replaced, replaced);
 }
 
+/// The format in which to fetch the text; "" if there is none. The formats are asked for once, and the text in one of
+/// them: each question to a program that hangs takes five seconds.
+QString TextFormatOf(const QMimeData& mime) {
+  const QStringList formats = mime.formats();
+  for (const char* format : {kUtf8Text, kPlainText})
+    if (formats.contains(QLatin1String(format))) return QLatin1String(format);
+  return {};
+}
+
 /// The text, as it came; an empty one if it did not arrive in time.
 QString TextOf(const QMimeData& mime) {
-  if (mime.hasFormat("text/plain")) return mime.text();
-  return ToQString(mime.data(kUtf8Text).toStdString());
+  const QString format = TextFormatOf(mime);
+  if (format == QLatin1String(kUtf8Text)) return ToQString(mime.data(format).toStdString());
+  return format.isEmpty() ? format : mime.text();
 }
 
 /// A copy of what is dropped, as a file if it is one, otherwise as text. Null if it did not arrive.
 Ref<DragItem> ItemOf(const QMimeData& mime) {
-  const QString file = LocalFile(mime.urls().value(0));
-  if (!file.isEmpty()) return New<DragItem>(New<FolderItem>(QFileInfo(file).filesystemFilePath()));
+  const std::filesystem::path file = LocalFile(mime.urls().value(0));
+  if (!file.empty()) return New<DragItem>(New<FolderItem>(file));
   const String text = FromQString(TextOf(mime));
   return LenB(text) == 0 ? nullptr : New<DragItem>(text);
 }
@@ -94,8 +107,7 @@ TextField::TextField(QWidget* parent) : QPlainTextEdit(parent) {
 
 // ---- The text
 
-String TextField::Text() {
-  loader_.AwaitWaiting();  // what the user has typed or pasted before this call belongs to the text
+String TextField::Text() const {
   if (unedited_) return *unedited_;
   QString raw = document()->toRawText();
   raw.insert(loader_.Place(), ToQString(loader_.Rest()));
@@ -118,6 +130,16 @@ void TextField::TextWasChanged() {
   onTextChanged();
 }
 
+void TextField::EndComposition() {
+  QGuiApplication::inputMethod()->commit();
+  QGuiApplication::inputMethod()->reset();  // some input methods commit only here
+}
+
+void TextField::Settle() {
+  EndComposition();
+  loader_.Finish();
+}
+
 // Satellites have upper-case names, so Shift is often still held at Return. The line separator that Qt would insert
 // then looks like the end of a line, but is not one.
 void TextField::keyPressEvent(QKeyEvent* event) {
@@ -137,17 +159,14 @@ QMimeData* TextField::createMimeDataFromSelection() const {
   return mime;
 }
 
-bool TextField::HasText(const QMimeData* mime) {
-  return mime != nullptr && (mime->hasFormat("text/plain") || mime->hasFormat(kUtf8Text));
-}
+bool TextField::HasText(const QMimeData* mime) { return mime != nullptr && !TextFormatOf(*mime).isEmpty(); }
 
 void TextField::insertFromMimeData(const QMimeData* mime) {
-  loader_.WhenWhole([this, text = TextOf(*mime)] {
-    const String lines = Admit(text, textCursor());
-    if (LenB(lines) == 0) return;
-    loader_.Insert(lines);
-    TextWasChanged();
-  });
+  Settle();
+  const String lines = Admit(TextOf(*mime), textCursor());
+  if (LenB(lines) == 0) return;
+  loader_.Insert(lines);
+  TextWasChanged();
 }
 
 String TextField::Admit(const QString& text, const QTextCursor& place) {
@@ -163,17 +182,34 @@ String TextField::Admit(const QString& text, const QTextCursor& place) {
   }
 }
 
-// ---- Drops. Drags of the field's own selection are Qt's matter: they come from its viewport.
+// ---- Drops. Qt handles drags of the field's own selection, which come from its viewport.
 
 /// Accepts or refuses a drop, or a drag that may become one. What is accepted is copied.
 void TextField::Judge(QDropEvent* event) const {
   const QMimeData& mime = *event->mimeData();
-  const QString file = LocalFile(mime.urls().value(0));
-  const bool fits = file.isEmpty()
-                        ? acceptsText_ && HasText(&mime)
-                        : !acceptedExtension_.isEmpty() && file.endsWith(acceptedExtension_, Qt::CaseInsensitive);
+  const QUrl address = mime.urls().value(0);
+  // The address of a page is a text. Any other address names a file, which may be out of reach from here.
+  const bool isText = address.isEmpty() || address.scheme().startsWith(QLatin1String("http"));
+  const std::u8string file = LocalFile(address).u8string();
+  const bool fits =
+      isText ? acceptsText_ && HasText(&mime)
+             : !acceptedExtension_.isEmpty() &&
+                   QString::fromUtf8(file.data(), std::ssize(file)).endsWith(acceptedExtension_, Qt::CaseInsensitive);
   event->setDropAction(Qt::CopyAction);
   event->setAccepted(fits && event->possibleActions().testFlag(Qt::CopyAction));
+}
+
+// Drops on the scroll bar or the frame come here; those on the viewport go straight to it.
+bool TextField::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::DragLeave:
+    case QEvent::Drop:
+      return viewportEvent(event);
+    default:
+      return QPlainTextEdit::event(event);
+  }
 }
 
 void TextField::dragEnterEvent(QDragEnterEvent* event) {
@@ -187,12 +223,7 @@ void TextField::dragMoveEvent(QDragMoveEvent* event) {
 }
 
 void TextField::dropEvent(QDropEvent* event) {
-  if (event->source() == viewport()) {
-    // Qt removes the selection from its old place before it inserts it here, so what does not fit is refused first.
-    const String lines = Admit(TextOf(*event->mimeData()), cursorForPosition(event->position().toPoint()));
-    if (LenB(lines) == 0) return event->ignore();
-    return QPlainTextEdit::dropEvent(event);
-  }
+  if (event->source() == viewport()) return DropSelection(event);
   Judge(event);
   if (!event->isAccepted()) return;
   const Ref<DragItem> item = ItemOf(*event->mimeData());
@@ -200,6 +231,16 @@ void TextField::dropEvent(QDropEvent* event) {
   // The source waits until this returns, so the handler, which may show an alert, runs later.
   const auto handle = [this, item] { onDrop(item); };
   QMetaObject::invokeMethod(this, handle, Qt::QueuedConnection);
+}
+
+/// Qt removes the selection from its old place before it inserts it here, so what does not fit is refused first.
+void TextField::DropSelection(QDropEvent* event) {
+  Settle();
+  const String lines = Admit(TextOf(*event->mimeData()), cursorForPosition(event->position().toPoint()));
+  if (LenB(lines) != 0) return QPlainTextEdit::dropEvent(event);
+  QDragLeaveEvent end;
+  dragLeaveEvent(&end);  // or Qt would go on showing where the selection is to be dropped
+  event->ignore();
 }
 
 }  // namespace celestrix

@@ -26,7 +26,7 @@ class TextField final : public QPlainTextEdit {
   std::function<void()> onTextChanged;               // called whenever the text has changed
   std::function<void(const Ref<DragItem>&)> onDrop;  // called, soon after, for each drop from outside that is accepted
 
-  String Text();
+  String Text() const;
   void SetText(const String& text);
   bool IsEmpty() const;
 
@@ -34,16 +34,19 @@ class TextField final : public QPlainTextEdit {
   /// (Qt's own hasText counts addresses as text, and may then return none.)
   static bool HasText(const QMimeData* mime);
 
+  /// Makes what is being composed with an input method, in whichever field has the focus, part of its text.
+  static void EndComposition();
   /// Whether the field shows all of its text.
   bool IsWhole() const { return loader_.IsWhole(); }
-  /// Runs the action now, or when the field is whole.
-  void WhenWhole(std::function<void()> action) { loader_.WhenWhole(std::move(action)); }
+  /// Ends the composition, and brings in the rest of a text. To be called before a command acts on the field.
+  void Settle();
 
   /// Lets the field accept files with that extension, in upper or lower case.
   void AcceptFiles(const String& extension) { acceptedExtension_ = ToQString(extension); }
   void AcceptText() { acceptsText_ = true; }
 
  protected:
+  bool event(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   QMimeData* createMimeDataFromSelection() const override;
   bool canInsertFromMimeData(const QMimeData* mime) const override { return HasText(mime); }
@@ -55,9 +58,10 @@ class TextField final : public QPlainTextEdit {
  private:
   void TextWasChanged();
   /// The text with EndOfLine between its lines, if it can replace what the cursor selects. Empty if the text did not
-  /// arrive (Qt then gives an empty one), or if it does not fit, of which an alert tells the user later.
+  /// arrive (Qt then gives an empty one), or if it does not fit; an alert then says so later.
   String Admit(const QString& text, const QTextCursor& place);
   void Judge(QDropEvent* event) const;
+  void DropSelection(QDropEvent* event);
 
   TextLoader loader_{*this};
   std::optional<String> unedited_;  // the text as it was set, until it is edited

@@ -1,7 +1,6 @@
 #include "services/ui/qt/text_loader.h"
 
 #include <QAccessible>
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
@@ -19,8 +18,9 @@ namespace {
 constexpr std::size_t kSliceSize = 128 * 1024;  // bytes
 constexpr int kSliceLines = 2500;
 
-constexpr std::size_t kBytesPerLine = 400, kBytesPerByte = 4;  // text_loader.h
-constexpr std::size_t kBytesBesides = 32 << 20;                // for a slice, which may be the longest line
+// In 64 bits: on a 32-bit machine the sum may exceed the address space.
+constexpr std::uint64_t kBytesPerLine = 400, kBytesPerByte = 4;  // text_loader.h
+constexpr std::uint64_t kBytesBesides = 32 << 20;                // for a slice, which may be the longest line
 
 }  // namespace
 
@@ -30,13 +30,13 @@ TextLoader::TextLoader(QPlainTextEdit& field) : field_(field) {
 }
 
 void TextLoader::RequireRoom(int lines, std::size_t bytes) {
-  const std::size_t size = kBytesPerLine * static_cast<std::size_t>(lines) + kBytesPerByte * bytes + kBytesBesides;
-  FreeBlock(AllocateBlock(size), size);
+  const std::uint64_t size = kBytesPerLine * static_cast<std::uint64_t>(lines) + kBytesPerByte * bytes + kBytesBesides;
+  if (size > PTRDIFF_MAX) throw std::bad_alloc();
+  FreeBlock(AllocateBlock(static_cast<std::size_t>(size)), static_cast<std::size_t>(size));
 }
 
 void TextLoader::Load(const String& text) {
-  waiting_.clear();
-  // Freeing the old document takes as long as everything else here, so an event of its own does it.
+  // Freeing the old document takes as long as everything else here, so a later event does it.
   QTextDocument* const old = field_.document();
   old->setParent(this);           // or the field would free it at once
   if (QAccessible::isActive()) {  // Qt tells the clients of removals within a document, but not of this one
@@ -58,7 +58,18 @@ void TextLoader::Begin(const String& text, const QTextCursor& place) {
   rest_ = text;
   place_ = place;
   place_.beginEditBlock();
-  AddSlice();
+  Add(kSlice);
+}
+
+void TextLoader::Finish() {
+  if (IsWhole()) return;
+  place_.joinPreviousEditBlock();
+  Add(kAll);
+}
+
+void TextLoader::timerEvent(QTimerEvent* /*event*/) {
+  place_.joinPreviousEditBlock();
+  Add(kSlice);
 }
 
 /// The next slice: whole lines, at least one, however long. Adding to a line that is already shown would take time
@@ -74,58 +85,36 @@ QString TextLoader::TakeSlice() {
 }
 
 /// Ends the edit block that the caller has begun.
-void TextLoader::AddSlice() {
+void TextLoader::Add(Amount amount) {
   {
     const QScopedValueRollback filling(filling_, true);
-    place_.insertText(TakeSlice());
+    do place_.insertText(TakeSlice());
+    while (amount == kAll && !IsWhole());
     place_.endEditBlock();
   }
   if (!IsWhole()) return betweenEvents_.start(0, this);
+  betweenEvents_.stop();
   rest_ = String();  // releases the bytes
-  if (field_.document()->isUndoRedoEnabled()) field_.ensureCursorVisible();
+  // Show the end of a paste, where the cursor is. But do not scroll under a user who is touching what is shown.
+  if (amount == kSlice && field_.document()->isUndoRedoEnabled()) field_.ensureCursorVisible();
   field_.document()->setUndoRedoEnabled(true);
 }
 
-void TextLoader::timerEvent(QTimerEvent* /*event*/) {
-  if (!IsWhole()) {
-    place_.joinPreviousEditBlock();
-    AddSlice();
-  }
-  while (IsWhole() && !waiting_.empty()) {  // an action may begin to insert a text, and then the others wait on
-    const std::function<void()> action = std::move(waiting_.front());
-    waiting_.pop_front();
-    action();
-  }
-  if (IsWhole()) betweenEvents_.stop();
-}
-
-void TextLoader::WhenWhole(std::function<void()> action) {
-  if (IsWhole()) return action();
-  waiting_.push_back(std::move(action));
-}
-
-void TextLoader::AwaitWaiting() const {
-  while (!waiting_.empty()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
-bool TextLoader::eventFilter(QObject* receiver, QEvent* event) {
+bool TextLoader::eventFilter(QObject* /*receiver*/, QEvent* event) {
   switch (event->type()) {
+    case QEvent::KeyPress: {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      const bool leaves = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+      const bool onlyModifies = key >= Qt::Key_Shift && key <= Qt::Key_Alt;  // Alt+F4 closes the window
+      if (leaves || onlyModifies) return false;
+      [[fallthrough]];
+    }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-      return pressIsIgnored_ = !IsWhole();
-    case QEvent::MouseButtonRelease:
-      return std::exchange(pressIsIgnored_, false);  // the field gets it if it got the press
-    case QEvent::KeyPress:
-      if (const int key = static_cast<QKeyEvent*>(event)->key(); key == Qt::Key_Tab || key == Qt::Key_Backtab)
-        return false;  // it leaves the field, so later keys are not for the field
-      [[fallthrough]];
-    case QEvent::InputMethod:
     case QEvent::ContextMenu:
-      if (IsWhole()) return false;
-      WhenWhole([receiver, later = std::shared_ptr<QEvent>(event->clone())] {
-        QCoreApplication::sendEvent(receiver, later.get());
-      });
-      return true;
+    case QEvent::InputMethod:
+      Finish();
+      [[fallthrough]];
     default:
       return false;
   }

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
 
@@ -27,8 +26,6 @@ class Content final : public QWidget {
     const QPoint origin = widget->parentWidget()->mapTo(this, QPoint());
     widget->setGeometry(QRect(at.Left, at.Top, at.Width, at.Height).translated(-origin));
     if (widget->parentWidget() != this) return;  // it moves with its group
-    for (const auto& [label, of] : placed_)
-      if (std::string_view(of.LabelOf) == at.Name) static_cast<QLabel*>(label)->setBuddy(widget);
     placed_.emplace_back(widget, at);
   }
 
@@ -56,7 +53,7 @@ class Window::Frame final : public QMainWindow {
 
   Content& ContentPane() { return static_cast<Content&>(*centralWidget()); }
 
-  /// The room that the menu bar takes, if it is in the window at all. In some styles this is not its sizeHint.
+  /// The room for the menu bar, if it is in the window at all. In some styles this is not its sizeHint.
   QSize Surroundings() const { return {0, menuBar()->isNativeMenuBar() ? 0 : menuBar()->heightForWidth(width())}; }
 
  protected:
@@ -89,7 +86,7 @@ void Window::Open() {
 }
 
 void Window::Close() {
-  // Both keep the window alive; the first one normally ends the program, and with it the queue.
+  // Both handlers keep the window alive; the first one normally ends the program, and with it the queue.
   RaiseEvent([self = shared_from_this()] { self->Event_Close(); });
   RaiseEvent([self = shared_from_this()] {
     self->frame_->hide();
@@ -100,12 +97,6 @@ void Window::Close() {
 void Window::MenuBar(const Ref<celestrix::MenuBar>& bar) {
   menuBar_ = bar;
   BuildMenuBar(*frame_->menuBar(), *bar);
-}
-
-void Window::AddControl(const String& name, const Ref<RectControl>& control) {
-  control->name_ = name;
-  control->window_ = weak_from_this();
-  controls_.push_back(control);
 }
 
 void _SetProperties(const Ref<Window>& window, const WindowProperties& properties) {
@@ -126,19 +117,10 @@ void _SetProperties(const Ref<RectControl>& control, const ControlProperties& pr
       inWindow ? ToolkitWidget{&content} : *RuntimeWindowControlByName(window, parent)->widget_, properties);
   control->widget_ = std::make_shared<ToolkitWidget>(made);
   made.widget->setObjectName(QString::fromUtf8(properties.Name));
+  made.widget->setAccessibleName(QString::fromUtf8(properties.AccessibleName));
+  made.widget->setAccessibleDescription(QString::fromUtf8(properties.AccessibleDescription));
   made.widget->setEnabled(properties.Enabled);
   content.Place(made.widget, properties);
-}
-
-Ref<RectControl> RuntimeWindowControlByName(const Ref<Window>& window, const String& name) {
-  return RuntimeWindowControlByNameIndex(window, name, kNoIndex);
-}
-
-Ref<RectControl> RuntimeWindowControlByNameIndex(const Ref<Window>& window, const String& name, std::int32_t index) {
-  for (const Ref<RectControl>& control : window->controls_)
-    if (control->Name() == name && control->Index() == index) return control;
-  const std::string member = index == kNoIndex ? "" : " with the number " + std::to_string(index);
-  return Ref<RectControl>::Nil("The window has no control “" + std::string(name.Bytes()) + "”" + member + ".");
 }
 
 }  // namespace celestrix
