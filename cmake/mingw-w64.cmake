@@ -11,6 +11,10 @@ set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
 
 cmake_path(GET CMAKE_CURRENT_LIST_DIR PARENT_PATH project)
+# No .exe tells where it was built.
+set(CMAKE_C_FLAGS_INIT -ffile-prefix-map=${project}=.)
+set(CMAKE_CXX_FLAGS_INIT ${CMAKE_C_FLAGS_INIT})
+
 set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${project}/build/windows-qt/installed)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

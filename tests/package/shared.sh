@@ -6,15 +6,13 @@ fail() {
   exit 1
 }
 
+# need COMMAND...: skips the test where one of these is missing.
+need() {
+  local tool
+  for tool; do
+    command -v "$tool" >/dev/null || { echo "SKIPPED: no $tool on this machine" && exit 77; }
+  done
+}
+
 # quietly COMMAND...: shows the command's output only if it fails.
 quietly() { "$@" &>"$work/log" || fail "failed: $*"$'\n'"$(<"$work/log")"; }
-
-# pack_again PRESET FOLDER: makes the preset's packages in FOLDER, from a copy of the sources with other times.
-pack_again() {
-  local copy=$2/elsewhere
-  mkdir -p "$copy/build"
-  tar -c --exclude=./build --exclude=./dist --exclude=./out --exclude=./.git . | tar -xm -C "$copy"
-  ln -s "$PWD/build/windows-qt" "$copy/build"
-  (cd "$copy" && cmake --preset "$1" && cmake --build --preset "$1" --target packed &&
-    cpack --config "build/$1/CPackConfig.cmake" -B "$2")
-}

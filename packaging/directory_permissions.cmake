@@ -1,3 +1,0 @@
-# Run by cpack on what it is about to pack: everybody may read the folders, whatever the umask of the build.
-file(CHMOD_RECURSE ${CPACK_TEMPORARY_INSTALL_DIRECTORY} DIRECTORY_PERMISSIONS
-     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
