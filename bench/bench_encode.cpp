@@ -1,9 +1,9 @@
-// bench_encode TEXT-FILE OUTPUT: makes a text into a Palm database, or a Pocket PC file if OUTPUT ends in ".ppc", as
-// the window's Browse and Save do, without the window. For measuring the conversion as a whole process, and for
-// comparing its files.
+// bench_encode TEXT-FILE OUTPUT [FORMAT]: makes a text into a file as the window's Browse and Save do, without the
+// window. FORMAT is an index of kElementFileFormats; without it, the file is a Palm database. For measuring the
+// conversion as a whole process, and for comparing its files.
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
-#include <string_view>
 
 #include "core/element_file.h"
 #include "core/element_lines.h"
@@ -11,8 +11,8 @@
 
 int main(int argc, char** argv) {
   using namespace celestrix;
-  if (argc != 3) return 2;
-  const ElementFileFormat& format = kElementFileFormats[std::string_view(argv[2]).ends_with(".ppc") ? 1 : 0];
+  if (argc < 3) return 2;
+  const ElementFileFormat& format = kElementFileFormats[argc > 3 ? std::atoi(argv[3]) : 0];
   try {
     FileTypes1::_Initialize();
     const Ref<TextInputStream> input = FolderItem(argv[1]).OpenAsTextFile();
