@@ -80,8 +80,8 @@ std::int32_t Asc(const String& text);
 String Chr(std::int32_t code);
 
 /// The decimal number at the start of the text, after white space, read with a decimal point whatever
-/// the user's locale; 0 when there is none, or none that a double can hold. Words such as "nan" and "inf" are
-/// not numbers, and "0x1" is 0.
+/// the user's locale; 0 when there is none, none that a double can hold, or an exponent without digits ("1e").
+/// Words such as "nan" and "inf" are not numbers, and "0x1" is 0.
 double Val(const String& text);
 
 /// The number as an Int32, its fraction cut off; INT32_MIN if it does not fit.

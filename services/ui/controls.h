@@ -13,7 +13,7 @@ namespace celestrix {
 
 class Control;
 class Window;
-struct ToolkitWidget;  // what the toolkit shows for a control
+struct ToolkitWidget;  // what the toolkit shows for a control, under a name that is none of the toolkit's
 
 enum Edge : unsigned { kLeft = 1, kTop = 2, kRight = 4, kBottom = 8 };
 

@@ -26,6 +26,7 @@ class TestTextField : public QObject {
     row("a file before text", "text", {"file://localhost" + path}, "a\nb\nc\n");
     row("a file of this machine by its name", "text", {"file://" + host.toUpper() + path}, "a\nb\nc\n");
     row("a file whose name is not UTF-8", "its address", {"file://" + folder_.path() + "/S%E4tze.txt"}, "ä");
+    row("a file whose address hides its type", "its address", {"file://" + pdf + "%00.txt"}, "before");
     row("a file of another machine", "its address", {"file://elsewhere" + path}, "before");
     row("a file of a server", "its address", {"sftp://elsewhere/a.txt"}, "before");
     row("the address of a page", "its address", {"https://example.org/a.txt"}, "its address");

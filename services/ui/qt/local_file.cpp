@@ -6,7 +6,8 @@
 namespace celestrix {
 
 std::filesystem::path LocalFile(const QUrl& address) {
-  if (!address.isLocalFile()) return {};
+  // The system would end the name at a NUL byte.
+  if (!address.isLocalFile() || address.path(QUrl::FullyEncoded).contains(QLatin1String("%00"))) return {};
 #ifdef Q_OS_WIN  // there, what another machine shares is a file like any other
   return address.toLocalFile().toStdU16String();
 #else

@@ -163,15 +163,15 @@ bool TextField::HasText(const QMimeData* mime) { return mime != nullptr && !Text
 
 void TextField::insertFromMimeData(const QMimeData* mime) {
   Settle();
-  const String lines = Admit(TextOf(*mime), textCursor());
+  const String lines = Admit(*mime, textCursor());
   if (LenB(lines) == 0) return;
   loader_.Insert(lines);
   TextWasChanged();
 }
 
-String TextField::Admit(const QString& text, const QTextCursor& place) {
+String TextField::Admit(const QMimeData& mime, const QTextCursor& place) {
   try {
-    String lines = WithEndOfLines(FromQString(text));
+    String lines = WithEndOfLines(FromQString(TextOf(mime)));
     RequireThatItFits(lines, place);
     return lines;
   } catch (const std::exception&) {
@@ -188,7 +188,7 @@ String TextField::Admit(const QString& text, const QTextCursor& place) {
 void TextField::Judge(QDropEvent* event) const {
   const QMimeData& mime = *event->mimeData();
   const QUrl address = mime.urls().value(0);
-  // The address of a page is a text. Any other address names a file, which may be out of reach from here.
+  // The address of a page is a text. Any other is taken for that of a file, which may be out of reach from here.
   const bool isText = address.isEmpty() || address.scheme().startsWith(QLatin1String("http"));
   const std::u8string file = LocalFile(address).u8string();
   const bool fits =
@@ -236,7 +236,7 @@ void TextField::dropEvent(QDropEvent* event) {
 /// Qt removes the selection from its old place before it inserts it here, so what does not fit is refused first.
 void TextField::DropSelection(QDropEvent* event) {
   Settle();
-  const String lines = Admit(TextOf(*event->mimeData()), cursorForPosition(event->position().toPoint()));
+  const String lines = Admit(*event->mimeData(), cursorForPosition(event->position().toPoint()));
   if (LenB(lines) != 0) return QPlainTextEdit::dropEvent(event);
   QDragLeaveEvent end;
   dragLeaveEvent(&end);  // or Qt would go on showing where the selection is to be dropped

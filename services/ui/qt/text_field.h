@@ -59,7 +59,7 @@ class TextField final : public QPlainTextEdit {
   void TextWasChanged();
   /// The text with EndOfLine between its lines, if it can replace what the cursor selects. Empty if the text did not
   /// arrive (Qt then gives an empty one), or if it does not fit; an alert then says so later.
-  String Admit(const QString& text, const QTextCursor& place);
+  String Admit(const QMimeData& mime, const QTextCursor& place);
   void Judge(QDropEvent* event) const;
   void DropSelection(QDropEvent* event);
 
