@@ -152,11 +152,11 @@ close_program() {
   await 'the end of the program' has_ended
   wait "$program_id" 2>/dev/null || status=$?
   program_id=
-  ((status == 0)) || may_be_ended_by "$1" || fail "expected: the program ends as it should; came: status $status"
+  ((status == 0)) || may_be_ended_by "$1" || fail "expected: the program ends as it should; actual: status $status"
 }
 has_ended() { ! kill -0 "$program_id" 2>/dev/null; }
 
-keeps() { [[ $(<"$preference") == "$1" ]] || fail "expected: $preference holds $1; came: $(<"$preference")"; }
+keeps() { [[ $(<"$preference") == "$1" ]] || fail "expected: $preference holds $1; actual: $(<"$preference")"; }
 
 # ---- The display: X11
 

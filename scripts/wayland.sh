@@ -9,7 +9,7 @@ start_display() {
   local as_nobody=()
   start_xvfb
   # sway does not run as root.
-  ((EUID != 0)) || as_nobody=(setpriv --reuid=nobody --regid=nogroup --clear-groups)
+  ((EUID != 0)) || as_nobody=(setpriv --pdeathsig KILL --reuid=nobody --regid=nogroup --clear-groups)
   mkdir -m 700 "$work/sway"
   cat >"$work/sway/config" <<'END'
 output * resolution 1280x1024

@@ -6,9 +6,9 @@ source scripts/display.sh
 
 promise() { promise=$1; }
 
-# same WHAT EXPECTED CAME: fails if the two files differ, and shows the first lines that do.
+# same WHAT EXPECTED ACTUAL: fails if the two files differ, and shows the first lines that do.
 same() {
-  cmp -s "$2" "$3" || fail "$1: expected (<) and came (>):"$'\n'"$(diff -a "$2" "$3" | head -n 6 | cat -A)"
+  cmp -s "$2" "$3" || fail "$1: expected (<) and actual (>):"$'\n'"$(diff -a "$2" "$3" | head -n 6 | cat -A)"
 }
 
 # field_holds FILE: copies the whole field until it has the text of the file.
