@@ -11,8 +11,9 @@
 
 int main(int argc, char** argv) {
   using namespace celestrix;
-  if (argc < 3) return 2;
-  const ElementFileFormat& format = kElementFileFormats[argc > 3 ? std::atoi(argv[3]) : 0];
+  const std::size_t index = argc > 3 ? std::strtoul(argv[3], nullptr, 10) : 0;
+  if (argc < 3 || index >= std::size(kElementFileFormats)) return 2;
+  const ElementFileFormat& format = kElementFileFormats[index];
   try {
     FileTypes1::_Initialize();
     const Ref<TextInputStream> input = FolderItem(argv[1]).OpenAsTextFile();
