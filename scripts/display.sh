@@ -256,7 +256,10 @@ dismiss_dialog() {
 }
 
 has_dialog() { dialog=$(active_window) && [[ $dialog != "$window" ]]; }
-has_question() { local now && now=$(active_window) && [[ $now != "$dialog" && $now != "$window" ]]; }
+# Under Wine, a window that has gone may still count as the active one; it has no title then.
+has_question() {
+  local now && now=$(active_window) && [[ $now != "$dialog" && $now != "$window" ]] && title_of "$now" >/dev/null
+}
 # On a busy machine the keys may go to the dialog below the question, and are pressed again.
 agrees() { ! has_question || { press alt+y && sleep 0.3 && ! has_question; }; }
 # After two dialogs have ended at once, or one under Wine, it can be that no window has the focus.

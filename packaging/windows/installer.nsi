@@ -1,5 +1,5 @@
-; Installs the program for all users. An upgrade goes to the folder where the program is. With /S it asks nothing; if it
-; cannot do its work, it changes nothing and ends with 2.
+; Installs the program for all users. An upgrade goes to the folder where the program is. With /S it asks nothing; if
+; the program is running, it changes nothing and ends with 2.
 !include common.nsh
 VIAddVersionKey FileDescription "Installer of ${NAME}"
 InstallDir "$PROGRAMFILES64\${NAME}"
@@ -19,7 +19,8 @@ AllowSkipFiles off
 Section "" everything
   SetShellVarContext all
   ReadRegStr $0 HKLM "${ENTRY}" InstallLocation
-  ${If} ${FileExists} "$0\Uninstall.exe"
+  ${If} $0 != ""
+  ${AndIf} ${FileExists} "$0\Uninstall.exe"
     InitPluginsDir
     CopyFiles /SILENT "$0\Uninstall.exe" $PLUGINSDIR
     again:
